@@ -1,0 +1,118 @@
+#include "GameSettings.h"
+
+#include "Common.h"
+#include "NumericText.h"
+#include "SettingsStore.h"
+
+#include <array>
+
+namespace {
+
+const QString GameSection = QStringLiteral("Game");
+const QString SoundKey = QStringLiteral("Sound");
+const QString LevelKey = QStringLiteral("Level");
+const QString EmptySlotTime = QStringLiteral("999");
+
+// Section names in level order: Easy, Medium, Hard.
+const std::array<QString, 3> RecordSections = {QStringLiteral("Easy"), QStringLiteral("Medium"),
+                                               QStringLiteral("Hard")};
+
+std::array<RecordTable *, 3> recordTables()
+{
+    return {&Common::EasyRecords, &Common::MediumRecords, &Common::HardRecords};
+}
+
+QString placeholderName(int row)
+{
+    return QStringLiteral("Player") + QString::number(row + 1);
+}
+
+QString booleanText(bool value, const QLocale &locale)
+{
+    if (locale.language() == QLocale::Italian)
+        return value ? QStringLiteral("Vero") : QStringLiteral("Falso");
+    return value ? QStringLiteral("True") : QStringLiteral("False");
+}
+
+// Either language's words are accepted, so a change of locale between runs keeps the switch;
+// a text that is not a Boolean word leaves sound off.
+bool booleanValue(const QString &text)
+{
+    return text.compare(u"True", Qt::CaseInsensitive) == 0 ||
+           text.compare(u"Vero", Qt::CaseInsensitive) == 0;
+}
+
+int storedLevel(const QString &text)
+{
+    const int level = WholeValue(NumericValue(text));
+    return level >= Common::LevelEasy && level <= Common::LevelHard ? level : Common::LevelEasy;
+}
+
+// The listed rows in order, filled up with placeholder rows or cut to five.
+RecordTable fittedTable(const QList<SettingsStore::Entry> &entries)
+{
+    RecordTable table;
+    for (int row = 0; row < int(table.size()); ++row) {
+        table[row] = row < entries.size() ? RecordRow{entries[row].Key, entries[row].Value}
+                                          : RecordRow{placeholderName(row), EmptySlotTime};
+    }
+    return table;
+}
+
+void listTables(const SettingsStore &store)
+{
+    for (std::size_t level = 0; level < RecordSections.size(); ++level)
+        *recordTables()[level] = fittedTable(store.List(RecordSections[level]));
+}
+
+void deleteRecordSections(SettingsStore &store)
+{
+    for (const QString &section : RecordSections)
+        store.DeleteSection(section);
+}
+
+void resetRecords(SettingsStore &store)
+{
+    deleteRecordSections(store);
+    for (int row = 0; row < int(RecordTable().size()); ++row) {
+        for (const QString &section : RecordSections)
+            store.Write(section, placeholderName(row), EmptySlotTime);
+    }
+}
+
+} // namespace
+
+bool ReadSettings()
+{
+    SettingsStore store(SettingsStore::DefaultFilePath());
+    listTables(store);
+    const bool soundOn = booleanValue(store.Read(GameSection, SoundKey, QStringLiteral("Falso")));
+    Common::Level = storedLevel(store.Read(GameSection, LevelKey, QStringLiteral("0")));
+    if (store.List(RecordSections[0]).size() != int(RecordTable().size())) {
+        resetRecords(store);
+        store.Save();
+        listTables(store);
+    }
+    return soundOn;
+}
+
+void WriteSettings(bool soundOn)
+{
+    WriteSettings(soundOn, QLocale::system());
+}
+
+void WriteSettings(bool soundOn, const QLocale &locale)
+{
+    SettingsStore store(SettingsStore::DefaultFilePath());
+    deleteRecordSections(store);
+    // Rows go in by Append, not Write: a player holding several rows of one table keeps them all.
+    for (std::size_t row = 0; row < RecordTable().size(); ++row) {
+        for (std::size_t level = 0; level < RecordSections.size(); ++level) {
+            const RecordRow &record = (*recordTables()[level])[row];
+            store.Append(RecordSections[level], record.Name, record.Time);
+        }
+    }
+    store.Write(GameSection, SoundKey, booleanText(soundOn, locale));
+    store.Write(GameSection, LevelKey, QString::number(Common::Level));
+    store.Save();
+}
