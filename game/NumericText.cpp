@@ -9,7 +9,10 @@
 
 namespace {
 
-bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
+bool isDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
 
 // For a number that does not fit a double: whether it is too small rather than too large,
 // judged by the decimal position of its first significant digit.

@@ -1,0 +1,39 @@
+#include "RecordInsertion.h"
+
+#include "Common.h"
+#include "NumericText.h"
+
+#include <QtGlobal>
+
+RecordTable &RecordsOfLevel(int level)
+{
+    Q_ASSERT(level >= Common::LevelEasy && level <= Common::LevelHard);
+    if (level == Common::LevelMedium)
+        return Common::MediumRecords;
+    if (level == Common::LevelHard)
+        return Common::HardRecords;
+    return Common::EasyRecords;
+}
+
+int RecordRowFor(const RecordTable &table, int elapsedSeconds)
+{
+    for (int row = 0; row < int(table.size()); ++row) {
+        if (NumericValue(table[row].Time) > elapsedSeconds)
+            return row;
+    }
+    return -1;
+}
+
+void MakeRoomAt(RecordTable &table, int row)
+{
+    Q_ASSERT(row >= 0 && row < int(table.size()));
+    for (int j = int(table.size()) - 1; j > row; --j)
+        table[j] = table[j - 1];
+}
+
+void WriteRecordRow(RecordTable &table, int row, const QString &name, int elapsedSeconds)
+{
+    Q_ASSERT(row >= 0 && row < int(table.size()));
+    Q_ASSERT(elapsedSeconds >= 0);
+    table[row] = RecordRow{name, QString::number(elapsedSeconds)};
+}
