@@ -1,5 +1,8 @@
+#include "ClockRandomSource.h"
+#include "SdlWaveOutput.h"
+#include "frmMine.h"
+
 #include <QApplication>
-#include <QMessageBox>
 
 #include <cstdio>
 
@@ -24,8 +27,9 @@ int main(int argc, char *argv[])
         return 1;
     }
     QApplication app(argc, argv);
-    QMessageBox::information(nullptr, QStringLiteral("Velkaro"),
-                             QStringLiteral("The game window is not there yet: only the rules "
-                                            "of the game are built so far."));
-    return 0;
+    SdlWaveOutput sound;
+    ClockRandomSource random;
+    frmMine window(sound, random);
+    window.Form_Load();
+    return app.exec();
 }

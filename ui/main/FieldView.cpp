@@ -1,0 +1,139 @@
+#include "FieldView.h"
+
+#include "PictureSet.h"
+
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr int CoveredPicture = 13;
+
+// The bevel colours of the cell pictures, so the border reads as one sunken well with them.
+const QColor DarkOuter(0xB8, 0xB8, 0xB8);
+const QColor DarkInner(0xC5, 0xC5, 0xC5);
+const QColor LightOuter(0xEB, 0xEB, 0xEB);
+const QColor LightInner(0xDE, 0xDE, 0xDE);
+
+bool IsCellButton(Qt::MouseButton button)
+{
+    return button == Qt::LeftButton || button == Qt::RightButton || button == Qt::MiddleButton;
+}
+
+} // namespace
+
+FieldView::FieldView(QWidget *parent) : QWidget(parent)
+{
+    // Every pixel is painted from the pictures and the border: no background fill needed.
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    const PictureSet &cells = PictureSet::IL();
+    for (int p = 1; p <= cells.Count(); ++p)
+        cellPixmaps[p - 1] = cells.Picture(p);
+    Reset(0, 0);
+}
+
+void FieldView::Reset(int fieldX, int fieldY)
+{
+    columns = fieldX;
+    rows = fieldY;
+    pictures.fill(CoveredPicture, columns * rows);
+    pressedIndex = 0;
+    setFixedSize(sizeHint());
+    update();
+}
+
+void FieldView::SetPic(int i, int p)
+{
+    Q_ASSERT(i >= 1 && i <= pictures.size());
+    Q_ASSERT(p >= 1 && p <= int(cellPixmaps.size()));
+    if (pictures[i - 1] == p)
+        return;
+    pictures[i - 1] = p;
+    update(CellRect(i));
+}
+
+int FieldView::Pic(int i) const
+{
+    Q_ASSERT(i >= 1 && i <= pictures.size());
+    return pictures[i - 1];
+}
+
+QRect FieldView::CellRect(int i) const
+{
+    const int x = (i - 1) % columns;
+    const int y = (i - 1) / columns;
+    return QRect(BorderWidth + x * CellSize, BorderWidth + y * CellSize, CellSize, CellSize);
+}
+
+QSize FieldView::sizeHint() const
+{
+    return QSize(CellSize * columns + 2 * BorderWidth, CellSize * rows + 2 * BorderWidth);
+}
+
+void FieldView::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    const QRect dirty = event->rect();
+    const QRect cellArea(BorderWidth, BorderWidth, CellSize * columns, CellSize * rows);
+    if (!cellArea.contains(dirty))
+        PaintBorder(painter);
+
+    const QRect cells = dirty & cellArea;
+    if (cells.isEmpty())
+        return;
+    // Only the cells the dirty rectangle touches.
+    const int firstX = (cells.left() - BorderWidth) / CellSize;
+    const int lastX = (cells.right() - BorderWidth) / CellSize;
+    const int firstY = (cells.top() - BorderWidth) / CellSize;
+    const int lastY = (cells.bottom() - BorderWidth) / CellSize;
+    for (int y = firstY; y <= lastY; ++y) {
+        for (int x = firstX; x <= lastX; ++x) {
+            const int picture = pictures[y * columns + x];
+            painter.drawPixmap(BorderWidth + x * CellSize, BorderWidth + y * CellSize,
+                               cellPixmaps[picture - 1]);
+        }
+    }
+}
+
+void FieldView::PaintBorder(QPainter &painter) const
+{
+    const int w = width();
+    const int h = height();
+    painter.fillRect(0, h - 1, w, 1, LightOuter);
+    painter.fillRect(w - 1, 0, 1, h, LightOuter);
+    painter.fillRect(0, 0, w - 1, 1, DarkOuter);
+    painter.fillRect(0, 0, 1, h - 1, DarkOuter);
+    painter.fillRect(1, h - 2, w - 2, 1, LightInner);
+    painter.fillRect(w - 2, 1, 1, h - 2, LightInner);
+    painter.fillRect(1, 1, w - 3, 1, DarkInner);
+    painter.fillRect(1, 1, 1, h - 3, DarkInner);
+}
+
+int FieldView::CellAt(QPoint point) const
+{
+    const int px = point.x() - BorderWidth;
+    const int py = point.y() - BorderWidth;
+    if (px < 0 || py < 0 || px >= CellSize * columns || py >= CellSize * rows)
+        return 0;
+    return (py / CellSize) * columns + px / CellSize + 1;
+}
+
+void FieldView::mousePressEvent(QMouseEvent *event)
+{
+    const int index = CellAt(event->position().toPoint());
+    if (!IsCellButton(event->button()) || index == 0)
+        return;
+    pressedIndex = index;
+    emit CellPressed(index, event->button());
+}
+
+void FieldView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (!IsCellButton(event->button()) || pressedIndex == 0)
+        return;
+    const int index = pressedIndex;
+    if (event->buttons() == Qt::NoButton)
+        pressedIndex = 0;
+    emit CellReleased(index, event->button());
+}

@@ -1,0 +1,243 @@
+// The game in play: building the field, presses on cells, floods, the clock and both ends of
+// a game. Construction, menus and keys are in frmMine.cpp.
+#include "frmMine.h"
+
+#include "Common.h"
+#include "DigitDisplay.h"
+#include "FieldBuilder.h"
+#include "FieldView.h"
+#include "LossDisplay.h"
+#include "NumericText.h"
+#include "PictureSet.h"
+#include "RecordInsertion.h"
+#include "WaveOutput.h"
+#include "frmFame.h"
+#include "frmPlayer.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTimer>
+
+#include <utility>
+
+namespace {
+
+constexpr int CoveredPicture = 13;
+constexpr int FlagPicture = 14;
+constexpr int QueryPicture = 15;
+constexpr int ExplodedPicture = 11;
+
+// The panel and its parts, as wide as the field; the clock keeps 2 pixels from its right end.
+constexpr int FieldLeft = 4;
+constexpr int FieldTop = 32;
+constexpr int BoxHeight = 33;
+constexpr int SmileWidth = 26;
+constexpr int SmileTop = 2;
+constexpr int ClockWidth = 53;
+constexpr int ClockRightGap = 2;
+constexpr int Margin = 4;
+
+bool IsPresetLevel(int level)
+{
+    return level >= Common::LevelEasy && level <= Common::LevelHard;
+}
+
+} // namespace
+
+void frmMine::DrawField()
+{
+    Q_ASSERT(!Flooding());
+    ApplyLevelPreset();
+    BuildMinefield(Cells, Common::Bombs, random);
+    FitToField();
+    Smile(4);
+    Common::NumCells = Common::FieldX * Common::FieldY;
+    BombsLeft = Common::Bombs;
+    FlagsLeft = Common::Bombs;
+    DisplayBombs(0);
+    DisplayTime(0);
+}
+
+void frmMine::FitToField()
+{
+    field->Reset(Common::FieldX, Common::FieldY);
+    field->move(FieldLeft, FieldTop);
+    const int boxWidth = field->width();
+    box->setGeometry(FieldLeft, 0, boxWidth, BoxHeight);
+    btnSmile->move(WholeValue(boxWidth - SmileWidth) / 2, SmileTop);
+    pT->move(boxWidth - ClockWidth - ClockRightGap, 0);
+
+    // Sized from the client area: the menu bar may take more than one line on a narrow field.
+    const QSize clientSize(Margin + boxWidth + Margin, FieldTop + field->height() + Margin);
+    client->setFixedSize(clientSize);
+    setFixedSize(clientSize.width(),
+                 menuBar()->heightForWidth(clientSize.width()) + clientSize.height());
+}
+
+void frmMine::SetPic(int i, int p)
+{
+    field->SetPic(i, p);
+}
+
+void frmMine::btn_MouseDown(int index, Qt::MouseButton button)
+{
+    if (!Playing)
+        return;
+    Smile(3);
+    Cells.Vect2Idx(index);
+    if (SoundOn)
+        PlayWave(101);
+    Cell &cell = Cells.Cells(Cells.CurX, Cells.CurY);
+    if (button == Qt::RightButton) {
+        if (!cell.Opened) {
+            if (cell.Flagged) {
+                cell.Flagged = false;
+                cell.Queried = true;
+                SetPic(index, QueryPicture);
+                DisplayBombs(++FlagsLeft);
+                if (cell.Bomb)
+                    ++BombsLeft;
+                return;
+            }
+            if (cell.Queried) {
+                cell.Queried = false;
+                SetPic(index, CoveredPicture);
+                return;
+            }
+            cell.Flagged = true;
+            SetPic(index, FlagPicture);
+            DisplayBombs(--FlagsLeft);
+            if (cell.Bomb)
+                --BombsLeft;
+        }
+    } else if (!cell.Opened) {
+        if (cell.Bomb) {
+            Smile(2);
+            LostGame(index, false);
+            return;
+        }
+        if (cell.Count == 0) {
+            ReveilBlanks(Cells.CurX, Cells.CurY);
+            return;
+        }
+        SetPic(index, cell.Count + 1);
+        cell.Opened = true;
+    }
+    if (BombsLeft == 0)
+        Victory();
+}
+
+void frmMine::btn_MouseUp(int, Qt::MouseButton)
+{
+    if (Playing)
+        Smile(4);
+}
+
+void frmMine::ReveilBlanks(int x, int y)
+{
+    // The flood keeps its own copy of the start cell; the first step opens it at once, so a
+    // second press on the same cell finds it open.
+    floods.emplace_back(x, y);
+    StepFlood();
+}
+
+void frmMine::StepFlood()
+{
+    if (Flooding()) {
+        Flood &flood = floods.back();
+        for (const CellPicture &opened : flood.Step(Cells))
+            SetPic(opened.Index, opened.Picture);
+        if (flood.Finished())
+            floods.pop_back();
+        // A waiting request gets one more turn, so the last cells are painted before it.
+        if (Flooding() || pendingRequest != FieldRequest::None)
+            floodTimer->start();
+        return;
+    }
+    CarryOut(std::exchange(pendingRequest, FieldRequest::None));
+}
+
+void frmMine::Timer_Timer()
+{
+    if (SoundOn)
+        PlayWave(105);
+    --TimeLeft;
+    DisplayTime(TimeLeft);
+    if (TimeLeft == 120 && SoundOn)
+        PlayWave(104);
+    if (TimeLeft == 0)
+        LostGame(0, true);
+}
+
+void frmMine::Victory()
+{
+    Timer->stop();
+    Playing = false;
+    Smile(1);
+    if (SoundOn)
+        PlayWave(103);
+    if (IsPresetLevel(Common::Level)) {
+        const int elapsed = Common::TimeLimit - TimeLeft;
+        RecordTable &table = RecordsOfLevel(Common::Level);
+        const int row = RecordRowFor(table, elapsed);
+        if (row >= 0) {
+            MakeRoomAt(table, row);
+            (new frmPlayer(this))->exec();
+            WriteRecordRow(table, row, Common::PlayerName, elapsed);
+            (new frmFame(this))->exec();
+        }
+    }
+    SetLevelMenuEnabled(true);
+}
+
+void frmMine::LostGame(int thisIdx, bool skip)
+{
+    Timer->stop();
+    Playing = false;
+    SetLevelMenuEnabled(true);
+    if (SoundOn)
+        PlayWave(102);
+    Smile(2);
+    if (!skip) {
+        SetPic(thisIdx, ExplodedPicture);
+        Cells.Vect2Idx(thisIdx);
+        Cells.Cells(Cells.CurX, Cells.CurY).Opened = true;
+    }
+    for (const CellPicture &shown : LossDisplay(Cells, skip ? 0 : thisIdx))
+        SetPic(shown.Index, shown.Picture);
+}
+
+void frmMine::SetLevelMenuEnabled(bool enabled)
+{
+    mnuLev->menuAction()->setEnabled(enabled);
+}
+
+void frmMine::DisplayBombs(int v)
+{
+    if (v < 0)
+        return;
+    // Two places: a custom field with more than 99 bombs shows 99 until fewer are left.
+    const int shown = std::min(v, 99);
+    pBomb->SetDigit(1, shown / 10);
+    pBomb->SetDigit(0, shown % 10);
+}
+
+void frmMine::DisplayTime(int v)
+{
+    pT->SetDigit(2, v / 100);
+    const int r = v % 100;
+    pT->SetDigit(1, r / 10);
+    pT->SetDigit(0, r % 10);
+}
+
+void frmMine::Smile(int face)
+{
+    shownFace = face;
+    btnSmile->setIcon(QIcon(PictureSet::ILS().Picture(face)));
+}
+
+void frmMine::PlayWave(int id)
+{
+    waveOutput.Play(id);
+}
