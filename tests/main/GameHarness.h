@@ -1,79 +1,94 @@
 #pragma once
 
 #include "ClockRandomSource.h"
-#include "RandomSource.h"
+#include "Common.h"
+#include "DigitDisplay.h"
+#include "FieldView.h"
 #include "RecordingWaveOutput.h"
 #include "frmMine.h"
 
-#include <QList>
-#include <QString>
+#include <QFile>
+#include <QTimer>
 
-#include <functional>
+#include <utility>
 
-class DigitDisplay;
-class FieldView;
-class QAction;
-class QMenu;
+// The settings file of the test run, where the window must keep its settings.
+inline const QString IniPath = qEnvironmentVariable("XDG_CONFIG_HOME") + "/Velkaro/Velkaro.ini";
 
-// Bomb draws for the board pictures of the tests. After Arm(board) the next build lays its
-// bombs exactly where the picture puts a '*'; any other draw comes from a fixed-seed generator,
-// so builds nobody armed (start-up, a level change) still end.
-class BoardRandom : public RandomSource
+// One game window as a player meets it: started with no settings file, sounds recorded, and
+// bombs laid from board pictures (other builds draw from a fixed seed, so they still end).
+struct GameHarness : RandomSource
 {
-public:
-    float NextUniform() override;
-    // The next build of a field of numCells cells puts its bombs on these cell indexes.
-    void Arm(const QList<int> &bombIndexes, int numCells);
+    explicit GameHarness(const QString &board = {}, bool soundOn = false)
+    {
+        QFile::remove(IniPath);
+        window.Form_Load();
+        if (soundOn)
+            window.mnuProg_Click(2);
+        if (!board.isEmpty())
+            NewGame(board);
+    }
 
-private:
+    float NextUniform() override
+    {
+        return draws.isEmpty() ? fallback.NextUniform() : draws.takeFirst();
+    }
+
+    // Starts a game on the board picture (rows split by '\n', '*' a bomb) on the custom level
+    // of the picture's size, or on the preset given that has that size and bomb count.
+    void NewGame(const QString &picture, int level = Common::LevelCustom)
+    {
+        const QString cells = QString(picture).remove(u'\n');
+        for (int i = 0; i < cells.size(); ++i) {
+            if (cells[i] == u'*') // u * N + 1 rounds to cell i + 1
+                draws.append(float(i) / float(cells.size()));
+        }
+        Common::FieldY = int(picture.count(u'\n')) + 1;
+        Common::FieldX = int(cells.size()) / Common::FieldY;
+        Common::Bombs = int(cells.count(u'*'));
+        Common::Level = level;
+        window.mnuProg_Click(0);
+    }
+
+    // Cells by column x and row y, 1-based.
+    int At(int x, int y) const { return window.Field().Idx2Vect(x, y); }
+    int Pic(int x, int y) const { return Field()->Pic(At(x, y)); }
+    void Press(int x, int y, Qt::MouseButton button = Qt::LeftButton)
+    {
+        window.btn_MouseDown(At(x, y), button);
+        window.btn_MouseUp(At(x, y), button);
+    }
+    void Right(std::initializer_list<QPoint> cells)
+    {
+        for (const QPoint cell : cells)
+            Press(cell.x(), cell.y(), Qt::RightButton);
+    }
+    void Ticks(int count)
+    {
+        for (int tick = 0; tick < count; ++tick)
+            window.Timer_Timer();
+    }
+
+    FieldView *Field() const { return window.findChild<FieldView *>("field"); }
+    // Every cell, one character each and rows split by '\n': '#' covered, 'F' flag, '?' question
+    // mark, '.' empty, '1'..'8' numbers, '*' bomb, 'X' exploded, 'x' wrong flag.
+    QString Pictures() const
+    {
+        QStringList rows(Field()->FieldY());
+        for (int i = 0; i < Field()->FieldX() * Field()->FieldY(); ++i)
+            rows[i / Field()->FieldX()] +=
+                QStringLiteral(".12345678*Xx#F?")[Field()->Pic(i + 1) - 1];
+        return rows.join(u'\n');
+    }
+    QString BombCounter() const { return window.findChild<DigitDisplay *>("pBomb")->Digits(); }
+    QString Clock() const { return window.findChild<DigitDisplay *>("pT")->Digits(); }
+    bool ClockRunning() const { return window.findChild<QTimer *>("Timer")->isActive(); }
+    int Face() const { return window.ShownFace(); }
+    // The sounds played since the last call.
+    QList<int> Sounds() { return std::exchange(sound.Played, {}); }
+
     QList<float> draws;
     ClockRandomSource fallback{1u};
-};
-
-// One game window as a player meets it: started with fresh settings, sound recorded.
-struct GameHarness
-{
-    GameHarness();
-
-    // Starts a new game on the field of the picture (rows separated by '\n', '*' a bomb, any
-    // other character a safe cell): a 9 x 9 board with 10 bombs is played on Easy, any other
-    // on the custom level with the picture's size and bomb count.
-    void NewGame(const char *board);
-
-    // The cell index of column x, row y (1-based) on the field in play.
-    int At(int x, int y) const;
-    void LeftPress(int index);
-    void RightPress(int index);
-    int Pic(int index) const;
-    // Every cell's picture, one character each, rows separated by '\n': '#' covered, 'F' flag,
-    // '?' question mark, '.' empty, '1'..'8' numbers, '*' bomb, 'X' exploded, 'x' wrong flag.
-    QString Pictures() const;
-    QString BombCounter() const;
-    QString Clock() const;
-
-    // The one-second timer runs: a game is in play.
-    bool ClockRunning() const;
-    FieldView *Field() const;
-    QAction *Action(const char *name) const;
-    QMenu *Menu(const char *name) const;
-
     RecordingWaveOutput sound;
-    BoardRandom random;
-    frmMine window;
+    frmMine window{sound, *this};
 };
-
-// Seven bombs down the left edge of a 7 x 7 custom field; the rest of the field is one empty
-// region with a column of numbers beside the bombs.
-extern const char *const LeftWall;
-
-// The captions of menu items, in order.
-QStringList Texts(const QList<QAction *> &actions);
-
-// Runs `act` on the modal dialog of class `className` as soon as it is open, from inside the
-// event loop of its exec().
-void WhenModal(const char *className, std::function<void(QWidget *)> act);
-
-// Removes the settings file of the test run, so the next start-up finds none.
-void ForgetSettings();
-// The settings file of the test run.
-QString SettingsFilePath();

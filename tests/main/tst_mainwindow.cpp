@@ -1,214 +1,194 @@
-#include "Common.h"
-#include "DigitDisplay.h"
-#include "FieldView.h"
 #include "GameHarness.h"
-#include "GameSettings.h"
 
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
-#include <QMenuBar>
-#include <QPushButton>
+#include <QMenu>
+#include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
-// The frame of the game window: its parts and their places, start-up, the levels, and the
-// settings at the end of a run.
+#include <tuple>
+
+// The frame of the game window: layout, menus in both languages, keys, settings, the hall of
+// fame after a win, and the field view's report of presses.
 class tst_MainWindow : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void titleIconAndControlsCarryTheirNames();
-    void layoutFitsEachField_data();
-    void layoutFitsEachField();
-    void windowKeepsItsPlaceWhenRebuilt();
-    void startupShowsAnIdleFieldInItalian();
-    void soundSwitchMovesItsCheckMarkAndIsStored();
-    void startupSoundOnlyWithSoundOn();
-    void settingsWrittenOnceAtClose();
-    void levelItemsRebuildWithoutStartingAGame();
-    void customLevelAsksForTheSizeFirst();
+    void layoutFitsEachFieldAndKeepsThePlace();
+    void languageSwitchesThereAndBackTouchingNothingElse();
+    void cheatKeyTogglesDebugAndSmileyStartsAGame();
+    void settingsWrittenOnceAtCloseAndReadAtStart();
+    void winOnPresetEntersRecordThroughBothDialogs();
+    void fieldViewReportsPressesOnCellsOnly();
 };
 
-void tst_MainWindow::titleIconAndControlsCarryTheirNames()
-{
-    GameHarness game;
-    QCOMPARE(game.window.windowTitle(), QStringLiteral("Velkaro - GA1.03"));
-    QVERIFY(!game.window.windowIcon().isNull());
-    QCOMPARE(game.window.centralWidget()->palette().color(QPalette::Window), QColor(0xD2D2D2));
-    for (const char *name : {"box", "pBomb", "btnSmile", "pT", "field"})
-        QVERIFY2(game.window.findChild<QWidget *>(QLatin1String(name)), name);
-    QVERIFY(game.window.findChild<QPushButton *>(QStringLiteral("btnSmile"))->isFlat());
-    QCOMPARE(game.window.findChild<QTimer *>(QStringLiteral("Timer"))->interval(), 1000);
-}
-
-void tst_MainWindow::layoutFitsEachField_data()
-{
-    QTest::addColumn<int>("level");
-    QTest::addColumn<int>("columns");
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<QSize>("fieldSize");
-    QTest::addColumn<int>("smileLeft");
-    QTest::addColumn<int>("clockLeft");
-    QTest::newRow("easy") << 0 << 9 << 9 << QSize(148, 148) << 61 << 93;
-    QTest::newRow("medium") << 1 << 16 << 16 << QSize(260, 260) << 117 << 205;
-    QTest::newRow("hard") << 2 << 30 << 16 << QSize(484, 260) << 229 << 429;
-    QTest::newRow("custom 7x7") << 3 << 7 << 7 << QSize(116, 116) << 45 << 61;
-    QTest::newRow("custom 49x49") << 3 << 49 << 49 << QSize(788, 788) << 381 << 733;
-}
-
-void tst_MainWindow::layoutFitsEachField()
-{
-    QFETCH(int, level);
-    QFETCH(int, columns);
-    QFETCH(int, rows);
-    QFETCH(QSize, fieldSize);
-    QFETCH(int, smileLeft);
-    QFETCH(int, clockLeft);
-    GameHarness game;
-    // A preset overrides the size asked for; the custom level builds it.
-    Common::Level = level;
-    Common::FieldX = columns;
-    Common::FieldY = rows;
-    Common::Bombs = 8;
-    game.window.DrawField();
-    QVERIFY(QTest::qWaitForWindowExposed(&game.window));
-
-    QCOMPARE(game.Field()->geometry(), QRect(QPoint(4, 32), fieldSize));
-    QWidget *box = game.window.findChild<QWidget *>(QStringLiteral("box"));
-    QCOMPARE(box->geometry(), QRect(4, 0, fieldSize.width(), 33));
-    QCOMPARE(game.window.findChild<QWidget *>(QStringLiteral("pBomb"))->geometry(),
-             QRect(0, 0, 37, 29));
-    QCOMPARE(game.window.findChild<QWidget *>(QStringLiteral("btnSmile"))->geometry(),
-             QRect(smileLeft, 2, 26, 25));
-    QCOMPARE(game.window.findChild<QWidget *>(QStringLiteral("pT"))->geometry(),
-             QRect(clockLeft, 0, 53, 29));
-
-    // The client area below the menu bar holds the panel and the field with 4-pixel margins.
-    const QRect client = game.window.centralWidget()->geometry();
-    QCOMPARE(client.size(), QSize(fieldSize.width() + 8, fieldSize.height() + 36));
-    QCOMPARE(client.top(), game.window.menuBar()->geometry().bottom() + 1);
-    QCOMPARE(game.window.size(), QSize(client.width(), client.bottom() + 1));
-    QCOMPARE(game.window.minimumSize(), game.window.maximumSize());
-    QCOMPARE(Common::NumCells, columns * rows);
-}
-
-void tst_MainWindow::windowKeepsItsPlaceWhenRebuilt()
+void tst_MainWindow::layoutFitsEachFieldAndKeepsThePlace()
 {
     GameHarness game;
     game.window.move(57, 31);
     const QPoint place = game.window.pos();
-    game.window.mnuLevel_Click(Common::LevelHard);
-    QCOMPARE(game.window.pos(), place);
-    QCOMPARE(game.Field()->size(), QSize(484, 260));
-    game.window.mnuLevel_Click(Common::LevelEasy);
-    QCOMPARE(game.window.pos(), place);
-    QCOMPARE(game.Field()->size(), QSize(148, 148));
+    // Level, columns, rows, field width and height, left edges of the smiley and the clock.
+    const int layouts[][7] = {{0, 9, 9, 148, 148, 61, 93},
+                              {1, 16, 16, 260, 260, 117, 205},
+                              {2, 30, 16, 484, 260, 229, 429},
+                              {3, 7, 7, 116, 116, 45, 61},
+                              {3, 49, 49, 788, 788, 381, 733}};
+    for (const auto &[level, columns, rows, width, height, smileLeft, clockLeft] : layouts) {
+        Common::Level = level;
+        Common::FieldX = columns;
+        Common::FieldY = rows;
+        game.window.DrawField();
+        QCOMPARE(game.Field()->geometry(), QRect(4, 32, width, height));
+        QCOMPARE(game.window.findChild<QWidget *>("box")->geometry(), QRect(4, 0, width, 33));
+        QCOMPARE(game.window.findChild<QAbstractButton *>("btnSmile")->x(), smileLeft);
+        QCOMPARE(game.window.findChild<QWidget *>("pT")->x(), clockLeft);
+        // The client area below the menu bar holds the panel and the field with 4-pixel margins.
+        const QRect client = game.window.centralWidget()->geometry();
+        QCOMPARE(client.size(), QSize(width + 8, height + 36));
+        QCOMPARE(client.top(), game.window.menuWidget()->geometry().bottom() + 1);
+        QCOMPARE(game.window.size(), QSize(client.width(), client.bottom() + 1));
+        QCOMPARE(game.window.pos(), place);
+    }
 }
 
-void tst_MainWindow::startupShowsAnIdleFieldInItalian()
+void tst_MainWindow::languageSwitchesThereAndBackTouchingNothingElse()
 {
     GameHarness game;
-    QVERIFY(game.window.isVisible());
-    QCOMPARE(game.BombCounter(), QStringLiteral("00"));
-    QCOMPARE(game.Clock(), QStringLiteral("000"));
-    QCOMPARE(game.window.ShownFace(), 4);
-    QCOMPARE(game.Pictures(), QStringLiteral("#########\n").repeated(8) + "#########");
-    QVERIFY(!game.ClockRunning());
-    QVERIFY(game.Menu("mnuLev")->menuAction()->isEnabled());
-    QCOMPARE(Texts(game.window.menuBar()->actions()),
-             QStringList({"Gioco", "Livello", "?", "English"}));
-    QCOMPARE(Common::PlayerName, QStringLiteral("Anonymous"));
-    QVERIFY(!Common::LangEnglish);
+    game.window.mnuProg_Click(0);
+    QAction *sound = game.window.findChild<QAction *>("mnuProg2");
+    QAction *debug = game.window.findChild<QMenu *>("mnudbg")->menuAction();
+    const char *const italian = "Gioco|Livello|?|English|A proposito...";
+    const char *const english = "Game|Level|?|Italiano|About...";
+    // Start-up Italian, English, Italian again; before each switch the sound check mark and the
+    // Debug menu change, and the switch must leave them so.
+    for (int step = 0; step < 3; ++step) {
+        if (step > 0) {
+            game.window.mnuProg_Click(2);
+            game.window.Form_KeyDown(Qt::Key_F12, Qt::ShiftModifier | Qt::ControlModifier);
+            game.window.findChild<QAction *>("mnuLang")->trigger();
+        }
+        QStringList captions;
+        for (const char *menu : {"mnuGame", "mnuLev", "mnuAbout"})
+            captions.append(game.window.findChild<QMenu *>(menu)->title());
+        for (const char *item : {"mnuLang", "mnuWho"})
+            captions.append(game.window.findChild<QAction *>(item)->text());
+        QCOMPARE(captions.join(u'|'), step == 1 ? english : italian);
+        QCOMPARE(sound->isChecked(), step == 1);
+        QCOMPARE(debug->isVisible(), step == 1);
+        QVERIFY(game.ClockRunning());
+    }
 }
 
-void tst_MainWindow::soundSwitchMovesItsCheckMarkAndIsStored()
+void tst_MainWindow::cheatKeyTogglesDebugAndSmileyStartsAGame()
+{
+    GameHarness game;
+    game.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&game.window));
+    const QAction *debug = game.window.findChild<QMenu *>("mnudbg")->menuAction();
+    // F12 alone does nothing; each Shift+Ctrl+F12, with or without Alt, shows or hides.
+    const Qt::KeyboardModifiers shiftCtrl = Qt::ShiftModifier | Qt::ControlModifier;
+    int press = 0;
+    for (const Qt::KeyboardModifiers modifiers :
+         {Qt::KeyboardModifiers(), shiftCtrl, shiftCtrl, shiftCtrl | Qt::AltModifier,
+          shiftCtrl | Qt::AltModifier}) {
+        QTest::keyClick(game.Field(), Qt::Key_F12, modifiers);
+        QCOMPARE(debug->isVisible(), press++ % 2 == 1);
+    }
+
+    QTest::mouseClick(game.window.findChild<QAbstractButton *>("btnSmile"), Qt::LeftButton);
+    QCOMPARE(QApplication::focusWidget(), game.window.findChild<QWidget *>("pBomb"));
+    QCOMPARE(game.Clock(), "300");
+    QVERIFY(game.ClockRunning());
+}
+
+void tst_MainWindow::settingsWrittenOnceAtCloseAndReadAtStart()
 {
     {
         GameHarness game;
-        QVERIFY(!game.Action("mnuProg2")->isChecked());
-        game.Action("mnuProg2")->trigger();
-        QVERIFY(game.Action("mnuProg2")->isChecked());
-        game.window.mnuProg_Click(2);
-        QVERIFY(!game.Action("mnuProg2")->isChecked());
-        game.window.mnuProg_Click(2);
-        QVERIFY(game.Action("mnuProg2")->isChecked());
         QVERIFY(game.sound.Played.isEmpty());
+        game.window.mnuProg_Click(2);
+        game.window.mnuLevel_Click(Common::LevelHard);
+        QFile::remove(IniPath); // start-up has already saved fresh tables
         game.window.close();
+        QVERIFY(QFile::exists(IniPath));
+        // Not written again: the next start finds the state at the first close.
+        game.window.show();
+        game.window.mnuLevel_Click(Common::LevelMedium);
+        game.window.mnuProg_Click(4);
     }
-    QVERIFY(ReadSettings());
-}
-
-void tst_MainWindow::startupSoundOnlyWithSoundOn()
-{
-    GameHarness silent;
-    QVERIFY(silent.sound.Played.isEmpty());
-
-    Common::Level = Common::LevelHard;
-    WriteSettings(true);
     RecordingWaveOutput sound;
-    BoardRandom random;
+    ClockRandomSource random;
     frmMine window(sound, random);
     window.Form_Load();
     QCOMPARE(sound.Played, QList<int>({103}));
-    QVERIFY(window.findChild<QAction *>(QStringLiteral("mnuProg2"))->isChecked());
-    // The stored level is the first field's.
-    QCOMPARE(window.findChild<FieldView *>(QStringLiteral("field"))->size(), QSize(484, 260));
+    QCOMPARE(window.findChild<FieldView *>("field")->FieldX(), 30);
 }
 
-void tst_MainWindow::settingsWrittenOnceAtClose()
+void tst_MainWindow::winOnPresetEntersRecordThroughBothDialogs()
 {
-    GameHarness game;
-    game.window.mnuLevel_Click(Common::LevelMedium);
-    ForgetSettings();
-    game.window.close();
-    QFile file(SettingsFilePath());
-    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
-    QVERIFY(file.readAll().contains("Level=1"));
-
-    ForgetSettings();
-    game.window.mnuProg_Click(4);
-    QVERIFY(!QFile::exists(SettingsFilePath()));
+    // Easy: nine bombs along the top row and one below its left end.
+    const char *const topRow = "*********\n*........\n.........\n.........\n.........\n"
+                               ".........\n.........\n.........\n.........";
+    // The name the dialog is given; what the dialogs showed: the name dialog's title, then the
+    // hall of fame's title and its first row.
+    using Win = std::tuple<bool, bool, QString, int, QStringList>; // English, a record
+    const Win wins[] = {
+        {false, true, "Ada", 3, {"Nome giocatore", " VETRINA DEI RECORD", "Ada", "3"}},
+        {true, true, "", 0, {"Player Name", " HALL OF FAME", "", "0"}},
+        {false, false, "Ada", 2, {}}}; // every stored time is faster: no dialog
+    for (const auto &[english, record, name, seconds, seen] : wins) {
+        GameHarness game;
+        if (english)
+            game.window.mnuLang_Click();
+        if (!record)
+            Common::EasyRecords.fill({"Fast", "1"});
+        game.NewGame(topRow, Common::LevelEasy);
+        game.Ticks(seconds);
+        QStringList shown;
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, [&] {
+            if (QWidget *dialog = QApplication::activeModalWidget()) {
+                shown.append(dialog->windowTitle());
+                if (auto *text = dialog->findChild<QLineEdit *>("txPlayer")) {
+                    text->setText(name);
+                } else {
+                    shown << dialog->findChild<QLabel *>("pl1(0)")->text()
+                          << dialog->findChild<QLabel *>("sc1(0)")->text();
+                }
+                dialog->findChild<QAbstractButton *>("btnClose")->click();
+            }
+        });
+        answer.start(10);
+        for (int x = 1; x <= 9; ++x)
+            game.Press(x, 1, Qt::RightButton);
+        game.Press(1, 2, Qt::RightButton);
+        QCOMPARE(game.Face(), 1);
+        QCOMPARE(shown, seen);
+        QCOMPARE(Common::EasyRecords[0],
+                 (record ? RecordRow{name, QString::number(seconds)} : RecordRow{"Fast", "1"}));
+    }
 }
 
-void tst_MainWindow::levelItemsRebuildWithoutStartingAGame()
+void tst_MainWindow::fieldViewReportsPressesOnCellsOnly()
 {
-    GameHarness game;
-    game.Action("mnuLevel1")->trigger();
-    QCOMPARE(Common::Level, Common::LevelMedium);
-    QCOMPARE(game.Field()->size(), QSize(260, 260));
-    QCOMPARE(game.BombCounter(), QStringLiteral("00"));
-    QVERIFY(!game.ClockRunning());
+    FieldView view;
+    view.Reset(9, 9);
+    QSignalSpy presses(&view, &FieldView::CellPressed);
+    QSignalSpy releases(&view, &FieldView::CellReleased);
+    QTest::mousePress(&view, Qt::RightButton, {}, view.CellRect(11).center());
+    // The pointer has moved on to another cell before the button comes up.
+    QTest::mouseRelease(&view, Qt::RightButton, {}, view.CellRect(40).center());
+    for (const QPoint border : {QPoint(1, 1), QPoint(view.width() - 2, view.height() / 2)})
+        QTest::mouseClick(&view, Qt::LeftButton, {}, border);
+    QTest::mouseClick(&view, Qt::MiddleButton, {}, view.CellRect(81).topLeft());
 
-    game.window.mnuProg_Click(0);
-    QCOMPARE(game.BombCounter(), QStringLiteral("40"));
-    QCOMPARE(game.Clock(), QStringLiteral("600"));
-    QVERIFY(!game.Menu("mnuLev")->menuAction()->isEnabled());
-    game.window.mnuProg_Click(1);
-    QVERIFY(game.Menu("mnuLev")->menuAction()->isEnabled());
-}
-
-void tst_MainWindow::customLevelAsksForTheSizeFirst()
-{
-    GameHarness game;
-    WhenModal("frmCustom", [](QWidget *dialog) {
-        dialog->findChild<QLineEdit *>(QStringLiteral("txX"))->setText(QStringLiteral("12"));
-        dialog->findChild<QLineEdit *>(QStringLiteral("txY"))->setText(QStringLiteral("10"));
-        dialog->findChild<QLineEdit *>(QStringLiteral("txB"))->setText(QStringLiteral("20"));
-        dialog->findChild<QPushButton *>(QStringLiteral("btnOk"))->click();
-    });
-    game.window.mnuLevel_Click(Common::LevelCustom);
-    QCOMPARE(Common::Level, Common::LevelCustom);
-    QCOMPARE(game.Field()->size(), QSize(12 * 16 + 4, 10 * 16 + 4));
-
-    // Cancelled: the same size is built again, on the custom level.
-    WhenModal("frmCustom", [](QWidget *dialog) {
-        dialog->findChild<QPushButton *>(QStringLiteral("btnCancel"))->click();
-    });
-    game.window.mnuLevel_Click(Common::LevelCustom);
-    QCOMPARE(Common::Level, Common::LevelCustom);
-    QCOMPARE(game.Field()->size(), QSize(12 * 16 + 4, 10 * 16 + 4));
-    game.window.mnuProg_Click(0);
-    QCOMPARE(game.BombCounter(), QStringLiteral("20"));
+    const QList<QVariantList> expected = {{11, QVariant::fromValue(Qt::RightButton)},
+                                          {81, QVariant::fromValue(Qt::MiddleButton)}};
+    QCOMPARE(QList<QVariantList>(presses), expected);
+    QCOMPARE(QList<QVariantList>(releases), expected);
 }
 
 QTEST_MAIN(tst_MainWindow)
