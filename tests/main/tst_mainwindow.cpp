@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -51,6 +52,13 @@ void tst_MainWindow::layoutFitsEachFieldAndKeepsThePlace()
         QCOMPARE(client.top(), game.window.menuWidget()->geometry().bottom() + 1);
         QCOMPARE(game.window.size(), QSize(client.width(), client.bottom() + 1));
         QCOMPARE(game.window.pos(), place);
+        // All four menu bar items stay in sight, on a second line when the field is narrow.
+        int items = 0;
+        for (QMenuBar *line : game.window.menuWidget()->findChildren<QMenuBar *>()) {
+            for (QAction *item : line->actions())
+                items += line->rect().contains(line->actionGeometry(item));
+        }
+        QCOMPARE(items, 4);
     }
 }
 

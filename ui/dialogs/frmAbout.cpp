@@ -3,6 +3,7 @@
 #include "Artwork.h"
 #include "ClickableLabel.h"
 #include "Common.h"
+#include "CrispPixmap.h"
 #include "DialogLook.h"
 
 #include <QKeyEvent>
@@ -102,8 +103,7 @@ ClickableLabel *frmAbout::PlacePicture(const QString &name, const QRect &place,
                                        const QPixmap &picture)
 {
     ClickableLabel *label = Place(name, place);
-    label->setPixmap(picture);
-    label->setScaledContents(true);
+    label->setPixmap(CrispPixmap(picture, place.size(), label->devicePixelRatioF()));
     return label;
 }
 

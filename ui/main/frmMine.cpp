@@ -6,6 +6,8 @@
 #include "DigitDisplay.h"
 #include "FieldView.h"
 #include "GameSettings.h"
+#include "SmileButton.h"
+#include "WrappingMenuBar.h"
 #include "frmAbout.h"
 #include "frmCustom.h"
 #include "frmFame.h"
@@ -13,8 +15,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QMenuBar>
-#include <QPushButton>
+#include <QMenu>
 #include <QTimer>
 
 #include <functional>
@@ -73,21 +74,27 @@ frmMine::frmMine(WaveOutput &sound, RandomSource &random, QWidget *parent)
 
 void frmMine::BuildMenus()
 {
-    QMenuBar *bar = menuBar();
-    mnuGame = bar->addMenu(QString());
-    mnuGame->setObjectName(QStringLiteral("mnuGame"));
+    menus = new WrappingMenuBar(this);
+    menus->setObjectName(QStringLiteral("menus"));
+    setMenuWidget(menus);
+    const auto addMenu = [this](const QString &title, const QString &name) {
+        auto *menu = new QMenu(title, this);
+        menu->setObjectName(name);
+        menus->AddItem(menu->menuAction());
+        return menu;
+    };
+
+    mnuGame = addMenu(QString(), QStringLiteral("mnuGame"));
     AddItemArray(mnuGame, mnuProg, "mnuProg", [this](int i) { mnuProg_Click(i); });
     mnuProg[0]->setShortcut(Qt::Key_F2);
     mnuProg[2]->setCheckable(true);
     mnuProg[2]->setChecked(true);
     mnuProg[4]->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 
-    mnuLev = bar->addMenu(QString());
-    mnuLev->setObjectName(QStringLiteral("mnuLev"));
+    mnuLev = addMenu(QString(), QStringLiteral("mnuLev"));
     AddItemArray(mnuLev, mnuLevel, "mnuLevel", [this](int i) { mnuLevel_Click(i); });
 
-    mnuAbout = bar->addMenu(QStringLiteral("?"));
-    mnuAbout->setObjectName(QStringLiteral("mnuAbout"));
+    mnuAbout = addMenu(QStringLiteral("?"), QStringLiteral("mnuAbout"));
     mnuWho = mnuAbout->addAction(QString());
     mnuWho->setObjectName(QStringLiteral("mnuWho"));
     connect(mnuWho, &QAction::triggered, this, &frmMine::mnuWho_Click);
@@ -97,8 +104,9 @@ void frmMine::BuildMenus()
     // The two Debug items do nothing when chosen.
     AddItemArray(mnudbg, mnuDebug, "mnuDebug", nullptr);
 
-    mnuLang = bar->addAction(QString());
+    mnuLang = new QAction(this);
     mnuLang->setObjectName(QStringLiteral("mnuLang"));
+    menus->AddItem(mnuLang);
     connect(mnuLang, &QAction::triggered, this, &frmMine::mnuLang_Click);
 }
 
@@ -116,12 +124,9 @@ void frmMine::BuildPanel()
     pBomb = new DigitDisplay(2, QSize(37, 29), box);
     pBomb->setObjectName(QStringLiteral("pBomb"));
 
-    btnSmile = new QPushButton(box);
+    btnSmile = new SmileButton(box);
     btnSmile->setObjectName(QStringLiteral("btnSmile"));
-    btnSmile->setFlat(true);
-    btnSmile->setGeometry(0, 2, 26, 25);
-    btnSmile->setIconSize(QSize(21, 21));
-    connect(btnSmile, &QPushButton::clicked, this, &frmMine::btnSmile_Click);
+    connect(btnSmile, &SmileButton::clicked, this, &frmMine::btnSmile_Click);
 
     pT = new DigitDisplay(3, QSize(53, 29), box);
     pT->setObjectName(QStringLiteral("pT"));
@@ -206,6 +211,8 @@ void frmMine::mnuLang_Click()
     for (QAction *item : mnuDebug)
         item->setText(LoadString(++k));
     mnuWho->setText(LoadString(k + 1));
+    // The captions of the other language may need another line of the menu bar.
+    FitWindow();
 }
 
 void frmMine::mnuProg_Click(int index)

@@ -11,9 +11,10 @@
 class DigitDisplay;
 class FieldView;
 class QMenu;
-class QPushButton;
 class QTimer;
 class RandomSource;
+class SmileButton;
+class WrappingMenuBar;
 class WaveOutput;
 
 // The game window: the field with the bomb counter, the smiley button and the countdown clock
@@ -70,7 +71,7 @@ public:
     void PlayWave(int id);
 
     // What the window shows and does, for tests and benchmarks.
-    int ShownFace() const { return shownFace; }
+    int ShownFace() const;
     bool Flooding() const { return !floods.empty(); }
     const Minefield &Field() const { return Cells; }
 
@@ -95,6 +96,8 @@ private:
     void BuildMenus();
     void BuildPanel();
     void FitToField();
+    // Fits the window to its client area and the menu bar to its width.
+    void FitWindow();
     void RequestField(FieldRequest request);
     void CarryOut(FieldRequest request);
     void StartGame();
@@ -115,7 +118,6 @@ private:
     int TimeLeft = 0;
     bool Playing = false;
     bool SoundOn = false;
-    int shownFace = 4;
 
     std::vector<Flood> floods;
     FieldRequest pendingRequest = FieldRequest::None;
@@ -127,10 +129,11 @@ private:
     QWidget *client;
     QWidget *box;
     DigitDisplay *pBomb;
-    QPushButton *btnSmile;
+    SmileButton *btnSmile;
     DigitDisplay *pT;
     FieldView *field;
 
+    WrappingMenuBar *menus;
     QMenu *mnuGame;
     std::array<QAction *, 5> mnuProg;
     QMenu *mnuLev;

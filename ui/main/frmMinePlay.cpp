@@ -8,15 +8,14 @@
 #include "FieldView.h"
 #include "LossDisplay.h"
 #include "NumericText.h"
-#include "PictureSet.h"
 #include "RecordInsertion.h"
+#include "SmileButton.h"
 #include "WaveOutput.h"
+#include "WrappingMenuBar.h"
 #include "frmFame.h"
 #include "frmPlayer.h"
 
 #include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
 #include <QTimer>
 
 #include <utility>
@@ -68,11 +67,15 @@ void frmMine::FitToField()
     btnSmile->move(WholeValue(boxWidth - SmileWidth) / 2, SmileTop);
     pT->move(boxWidth - ClockWidth - ClockRightGap, 0);
 
+    client->setFixedSize(Margin + boxWidth + Margin, FieldTop + field->height() + Margin);
+    FitWindow();
+}
+
+void frmMine::FitWindow()
+{
     // Sized from the client area: the menu bar may take more than one line on a narrow field.
-    const QSize clientSize(Margin + boxWidth + Margin, FieldTop + field->height() + Margin);
-    client->setFixedSize(clientSize);
-    setFixedSize(clientSize.width(),
-                 menuBar()->heightForWidth(clientSize.width()) + clientSize.height());
+    menus->FitTo(client->width());
+    setFixedSize(client->width(), menus->height() + client->height());
 }
 
 void frmMine::SetPic(int i, int p)
@@ -233,8 +236,12 @@ void frmMine::DisplayTime(int v)
 
 void frmMine::Smile(int face)
 {
-    shownFace = face;
-    btnSmile->setIcon(QIcon(PictureSet::ILS().Picture(face)));
+    btnSmile->SetFace(face);
+}
+
+int frmMine::ShownFace() const
+{
+    return btnSmile->Face();
 }
 
 void frmMine::PlayWave(int id)
