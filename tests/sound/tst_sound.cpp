@@ -4,6 +4,10 @@
 
 #include <QTest>
 
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
 // While held, the audio thread cannot drain the queue, so its size is exact.
 struct QueueHold
 {
@@ -63,6 +67,21 @@ private slots:
         QVERIFY(!output.HasDevice());
         QCOMPARE(output.DecodedCount(), 0);
         output.Play(101);
+    }
+
+    // The player must not take the termination signal away from the program.
+    void terminationSignalStillEndsTheProgram()
+    {
+        const pid_t child = fork();
+        if (child == 0) {
+            std::signal(SIGTERM, SIG_DFL); // as in the game, not the test runner's handler
+            SdlWaveOutput output;
+            std::raise(SIGTERM);
+            _exit(0);
+        }
+        int status = 0;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QVERIFY(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM);
     }
 
     void recordingOutputKeepsIdsInOrder()

@@ -21,6 +21,9 @@ SdlWaveOutput::SdlWaveOutput(const QMap<int, QByteArray> &waves)
 {
     // Names the stream in the desktop's volume mixer.
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Velkaro");
+    // SDL would otherwise take SIGINT and SIGTERM for its own event queue, which nobody reads,
+    // and the game could no longer be stopped by a signal (at logout, say).
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     audioStarted = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
     if (!audioStarted) {
         return;
