@@ -50,6 +50,7 @@ private slots:
     void eachDrawBombsItsRoundedCellAndBombedCellsAreDrawnAgain();
     void countsBombsAmongTheNeighboursOnEdgesAndCorners();
     void everyBuildReplacesTheWholeFieldWithExactlyTheBombs();
+    void clockDrawsStayBelowOne();
 };
 
 void FieldBuilderTest::indexesRunRowByRowAndConvertBothWays()
@@ -148,6 +149,14 @@ void FieldBuilderTest::everyBuildReplacesTheWholeFieldWithExactlyTheBombs()
             }
         }
     }
+}
+
+void FieldBuilderTest::clockDrawsStayBelowOne()
+{
+    // Draws lie in [0, 1): all bits set stays just below 1.
+    QCOMPARE(ClockRandomSource::UniformFromBits(0), 0.0f);
+    QVERIFY(ClockRandomSource::UniformFromBits(0xFFFFFFFFu) < 1.0f);
+    QVERIFY(ClockRandomSource::UniformFromBits(0xFFFFFFFFu) > 0.9999f);
 }
 
 QTEST_APPLESS_MAIN(FieldBuilderTest)
