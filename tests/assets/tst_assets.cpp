@@ -28,13 +28,13 @@ quint32 Word(const QByteArray &bytes, qsizetype at)
 }
 
 // Decodes bytes with SDL's wave loader: the samples, or nothing when it refuses them.
-std::optional<QByteArray> SdlDecode(const QByteArray &bytes, SDL_AudioSpec *spec = nullptr)
+std::optional<QByteArray> SdlDecode(const QByteArray &bytes, SDL_AudioSpec *format = nullptr)
 {
     SDL_AudioSpec unused{};
     Uint8 *buffer = nullptr;
     Uint32 length = 0;
     SDL_RWops *source = SDL_RWFromConstMem(bytes.constData(), static_cast<int>(bytes.size()));
-    if (SDL_LoadWAV_RW(source, 1, spec ? spec : &unused, &buffer, &length) == nullptr)
+    if (SDL_LoadWAV_RW(source, 1, format ? format : &unused, &buffer, &length) == nullptr)
         return std::nullopt;
     QByteArray samples(reinterpret_cast<const char *>(buffer), static_cast<qsizetype>(length));
     SDL_FreeWAV(buffer);
@@ -147,10 +147,10 @@ private slots:
             QCOMPARE(fields, (QList<quint32>{quint32(wave.fileSize), quint32(wave.riffLength),
                                              quint32(wave.fmtSize), 0x00010001, quint32(wave.rate),
                                              0x00080001, quint32(wave.samples)}));
-            SDL_AudioSpec spec{};
-            const std::optional<QByteArray> samples = SdlDecode(bytes, &spec);
+            SDL_AudioSpec format{};
+            const std::optional<QByteArray> samples = SdlDecode(bytes, &format);
             QVERIFY2(samples, SDL_GetError());
-            QCOMPARE(std::tuple(spec.freq, spec.format, spec.channels, samples->size()),
+            QCOMPARE(std::tuple(format.freq, format.format, format.channels, samples->size()),
                      std::tuple(wave.rate, SDL_AudioFormat(AUDIO_U8), Uint8(1),
                                 qsizetype(wave.samples)));
         }
