@@ -3,6 +3,7 @@
 #include "Artwork.h"
 #include "CaptionTable.h"
 #include "Common.h"
+#include "CrispPixmap.h"
 #include "DigitDisplay.h"
 #include "FieldView.h"
 #include "GameSettings.h"
@@ -46,13 +47,23 @@ void AddItemArray(QMenu *menu, std::array<QAction *, N> &items, const char *name
     }
 }
 
+// The 16 x 16 icon, also enlarged pixel for pixel, so that a task bar asking for a larger size
+// gets sharp pixel art rather than a blurred enlargement.
+QIcon WindowIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 32, 48, 64})
+        icon.addPixmap(CrispPixmap(WindowIconPicture(), QSize(size, size), 1.0));
+    return icon;
+}
+
 } // namespace
 
 frmMine::frmMine(WaveOutput &sound, RandomSource &random, QWidget *parent)
     : QMainWindow(parent), waveOutput(sound), random(random)
 {
     setWindowTitle(QStringLiteral("Velkaro"));
-    setWindowIcon(QIcon(WindowIconPicture()));
+    setWindowIcon(WindowIcon());
     PaintBackground(this);
 
     Timer = new QTimer(this);
