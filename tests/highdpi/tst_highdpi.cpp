@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <set>
@@ -111,6 +112,8 @@ void HighDpiTest::aboutBoxPicturesStaySharp()
 int main(int argc, char *argv[])
 {
     qputenv("QT_SCALE_FACTOR", QByteArray::number(Scale));
+    QTemporaryDir config; // the window reads its settings: never the player's own
+    qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
     QApplication app(argc, argv);
     HighDpiTest test;
     return QTest::qExec(&test, argc, argv);

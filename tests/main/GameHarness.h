@@ -8,12 +8,18 @@
 #include "frmMine.h"
 
 #include <QFile>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <utility>
 
-// The settings file of the test run, where the window must keep its settings.
-inline const QString IniPath = qEnvironmentVariable("XDG_CONFIG_HOME") + "/Velkaro/Velkaro.ini";
+// The settings file of the test run, in a folder of its own: a test never reads or writes the
+// player's settings, however it is started.
+inline const QString IniPath = [] {
+    static QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    return folder.path() + "/Velkaro/Velkaro.ini";
+}();
 
 // One game window as a player meets it: started with no settings file, sounds recorded, and
 // bombs laid from board pictures (other builds draw from a fixed seed, so they still end).
