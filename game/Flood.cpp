@@ -36,7 +36,7 @@ void Flood::ReveilBlanks(Minefield &field, int x, int y, std::vector<CellPicture
     Cell &cell = field.Cells(x, y);
     Q_ASSERT(!cell.Bomb && cell.Count == 0);
     cell.Opened = true;
-    opened.push_back({field.Idx2Vect(x, y), 1});
+    opened.push_back({field.Idx2Vect(x, y), CellPicture::Empty});
     stack.push_back({x, y, 0});
 }
 

@@ -4,8 +4,6 @@
 
 std::vector<CellPicture> LossDisplay(const Minefield &field, int explodedIndex)
 {
-    constexpr int hiddenBomb = 10;
-    constexpr int wrongFlag = 12;
     std::vector<CellPicture> shown;
     for (int y = 1; y <= field.FieldY(); ++y) {
         for (int x = 1; x <= field.FieldX(); ++x) {
@@ -13,9 +11,9 @@ std::vector<CellPicture> LossDisplay(const Minefield &field, int explodedIndex)
             const Cell &cell = field.Cells(x, y);
             if (cell.Bomb) {
                 if (idx != explodedIndex && !cell.Opened && !cell.Flagged)
-                    shown.push_back({idx, hiddenBomb});
+                    shown.push_back({idx, CellPicture::HiddenBomb});
             } else if (cell.Flagged) {
-                shown.push_back({idx, wrongFlag});
+                shown.push_back({idx, CellPicture::WrongFlag});
             }
         }
     }

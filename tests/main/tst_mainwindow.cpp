@@ -23,6 +23,7 @@ private slots:
     void cheatKeyTogglesDebugAndSmileyStartsAGame();
     void settingsWrittenOnceAtCloseAndReadAtStart();
     void winOnPresetEntersRecordThroughBothDialogs();
+    void newGameWaitingForAFloodWaitsForTheRecordDialogsToo();
     void fieldViewReportsPressesOnCellsOnly();
 };
 
@@ -178,6 +179,32 @@ void tst_MainWindow::winOnPresetEntersRecordThroughBothDialogs()
         QCOMPARE(Common::EasyRecords[0],
                  (record ? RecordRow{name, QString::number(seconds)} : RecordRow{"Fast", "1"}));
     }
+}
+
+void tst_MainWindow::newGameWaitingForAFloodWaitsForTheRecordDialogsToo()
+{
+    GameHarness game;
+    game.NewGame("*********\n*........\n.........\n.........\n.........\n"
+                 ".........\n.........\n.........\n.........",
+                 Common::LevelEasy);
+    game.Press(9, 9);
+    game.window.mnuProg_Click(0);
+    // The flood ends while the dialogs are open; the new game must not start under them.
+    QStringList clockUnderDialogs;
+    QTimer answer;
+    connect(&answer, &QTimer::timeout, [&] {
+        if (QWidget *dialog = QApplication::activeModalWidget()) {
+            clockUnderDialogs.append(game.ClockRunning() ? "running" : "stopped");
+            dialog->findChild<QAbstractButton *>("btnClose")->click();
+        }
+    });
+    answer.start(20);
+    for (int x = 1; x <= 9; ++x)
+        game.Press(x, 1, Qt::RightButton);
+    game.Press(1, 2, Qt::RightButton);
+    QCOMPARE(clockUnderDialogs, QStringList({"stopped", "stopped"}));
+    QTRY_VERIFY(game.ClockRunning() && game.Face() == 4);
+    QVERIFY(!game.window.findChild<QMenu *>("mnuLev")->menuAction()->isEnabled());
 }
 
 void tst_MainWindow::fieldViewReportsPressesOnCellsOnly()

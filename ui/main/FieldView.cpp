@@ -1,5 +1,7 @@
 #include "FieldView.h"
 
+#include "Bevel.h"
+#include "CellPicture.h"
 #include "PictureSet.h"
 
 #include <QMouseEvent>
@@ -7,14 +9,6 @@
 #include <QPainter>
 
 namespace {
-
-constexpr int CoveredPicture = 13;
-
-// The bevel colours of the cell pictures, so the border reads as one sunken well with them.
-const QColor DarkOuter(0xB8, 0xB8, 0xB8);
-const QColor DarkInner(0xC5, 0xC5, 0xC5);
-const QColor LightOuter(0xEB, 0xEB, 0xEB);
-const QColor LightInner(0xDE, 0xDE, 0xDE);
 
 bool IsCellButton(Qt::MouseButton button)
 {
@@ -37,7 +31,7 @@ void FieldView::Reset(int fieldX, int fieldY)
 {
     columns = fieldX;
     rows = fieldY;
-    pictures.fill(CoveredPicture, columns * rows);
+    pictures.fill(CellPicture::Covered, columns * rows);
     pressedIndex = 0;
     setFixedSize(sizeHint());
     update();
@@ -77,7 +71,7 @@ void FieldView::paintEvent(QPaintEvent *event)
     const QRect dirty = event->rect();
     const QRect cellArea(BorderWidth, BorderWidth, CellSize * columns, CellSize * rows);
     if (!cellArea.contains(dirty))
-        PaintBorder(painter);
+        PaintBevel(painter, rect(), true);
 
     const QRect cells = dirty & cellArea;
     if (cells.isEmpty())
@@ -94,20 +88,6 @@ void FieldView::paintEvent(QPaintEvent *event)
                                cellPixmaps[picture - 1]);
         }
     }
-}
-
-void FieldView::PaintBorder(QPainter &painter) const
-{
-    const int w = width();
-    const int h = height();
-    painter.fillRect(0, h - 1, w, 1, LightOuter);
-    painter.fillRect(w - 1, 0, 1, h, LightOuter);
-    painter.fillRect(0, 0, w - 1, 1, DarkOuter);
-    painter.fillRect(0, 0, 1, h - 1, DarkOuter);
-    painter.fillRect(1, h - 2, w - 2, 1, LightInner);
-    painter.fillRect(w - 2, 1, 1, h - 2, LightInner);
-    painter.fillRect(1, 1, w - 3, 1, DarkInner);
-    painter.fillRect(1, 1, 1, h - 3, DarkInner);
 }
 
 int FieldView::CellAt(QPoint point) const

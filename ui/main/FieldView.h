@@ -52,7 +52,6 @@ protected:
 private:
     // The cell under a point, or 0 on the border.
     int CellAt(QPoint point) const;
-    void PaintBorder(QPainter &painter) const;
 
     int columns = 0;
     int rows = 0;

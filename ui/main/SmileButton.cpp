@@ -1,33 +1,10 @@
 #include "SmileButton.h"
 
+#include "Bevel.h"
+#include "Palette.h"
 #include "PictureSet.h"
 
 #include <QPainter>
-
-namespace {
-
-// The bevel colours of the cells, so the button sits in the same light as the field.
-const QColor ButtonFace(0xD2, 0xD2, 0xD2);
-const QColor LightOuter(0xEB, 0xEB, 0xEB);
-const QColor LightInner(0xDE, 0xDE, 0xDE);
-const QColor DarkOuter(0x80, 0x80, 0x80);
-const QColor DarkInner(0xB8, 0xB8, 0xB8);
-
-// A two-pixel bevel: `topLeft` colours along the top and left edges, `bottomRight` along the
-// bottom and right ones, outer ring first.
-void PaintBevel(QPainter &painter, QRect rect, const QColor (&topLeft)[2],
-                const QColor (&bottomRight)[2])
-{
-    for (int ring = 0; ring < 2; ++ring) {
-        const QRect r = rect.adjusted(ring, ring, -ring, -ring);
-        painter.fillRect(r.left(), r.bottom(), r.width(), 1, bottomRight[ring]);
-        painter.fillRect(r.right(), r.top(), 1, r.height(), bottomRight[ring]);
-        painter.fillRect(r.left(), r.top(), r.width() - 1, 1, topLeft[ring]);
-        painter.fillRect(r.left(), r.top(), 1, r.height() - 1, topLeft[ring]);
-    }
-}
-
-} // namespace
 
 SmileButton::SmileButton(QWidget *parent) : QAbstractButton(parent)
 {
@@ -47,12 +24,9 @@ void SmileButton::SetFace(int newFace)
 void SmileButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), ButtonFace);
+    painter.fillRect(rect(), Palette::Face);
     const bool down = isDown();
-    if (down)
-        PaintBevel(painter, rect(), {DarkOuter, DarkInner}, {LightOuter, LightInner});
-    else
-        PaintBevel(painter, rect(), {LightOuter, LightInner}, {DarkOuter, DarkInner});
+    PaintBevel(painter, rect(), down);
     const QSize faceSize = PictureSet::ILS().Size();
     // A held button shows its face one pixel lower and to the right, as pressed in.
     const QPoint faceAt((width() - faceSize.width() + 1) / 2 + (down ? 1 : 0),

@@ -15,16 +15,6 @@ void WrappingMenuBar::AddItem(QAction *item)
     FitTo(width());
 }
 
-QList<QMenuBar *> WrappingMenuBar::Lines() const
-{
-    QList<QMenuBar *> shown;
-    for (QMenuBar *line : lines) {
-        if (!line->actions().isEmpty())
-            shown.append(line);
-    }
-    return shown;
-}
-
 void WrappingMenuBar::FitTo(int width)
 {
     for (QMenuBar *line : lines) {

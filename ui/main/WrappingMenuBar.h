@@ -18,10 +18,6 @@ public:
 
     // Adds an item at the end: a menu's action opens that menu, any other action is a command.
     void AddItem(QAction *item);
-    // The items in display order, line after line.
-    QList<QAction *> Items() const { return items; }
-    // The item lines shown now.
-    QList<QMenuBar *> Lines() const;
 
     // Lays the items out on as few lines as fit `width`, each line filled in order; an item
     // wider than `width` alone still takes a line of its own.

@@ -7,6 +7,7 @@
 #include "DigitDisplay.h"
 #include "FieldView.h"
 #include "GameSettings.h"
+#include "Palette.h"
 #include "SmileButton.h"
 #include "WrappingMenuBar.h"
 #include "frmAbout.h"
@@ -19,16 +20,15 @@
 #include <QMenu>
 #include <QTimer>
 
+#include <algorithm>
 #include <functional>
 
 namespace {
 
-const QColor FaceColour(0xD2, 0xD2, 0xD2);
-
 void PaintBackground(QWidget *widget)
 {
     QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, FaceColour);
+    palette.setColor(QPalette::Window, Palette::Face);
     widget->setPalette(palette);
     widget->setAutoFillBackground(true);
 }
@@ -240,7 +240,7 @@ void frmMine::mnuProg_Click(int index)
         mnuProg[2]->setChecked(SoundOn);
         break;
     case 3:
-        (new frmFame(this))->exec();
+        ShowModal(new frmFame(this));
         break;
     case 4:
         RequestField(FieldRequest::Exit);
@@ -256,19 +256,28 @@ void frmMine::mnuLevel_Click(int index)
         return;
     Common::Level = index;
     if (index == Common::LevelCustom)
-        (new frmCustom(this))->exec();
+        ShowModal(new frmCustom(this));
     RequestField(FieldRequest::Rebuild);
 }
 
 void frmMine::mnuWho_Click()
 {
-    (new frmAbout(this))->exec();
+    ShowModal(new frmAbout(this));
 }
 
 void frmMine::btnSmile_Click()
 {
     pBomb->setFocus();
     mnuProg_Click(0);
+}
+
+void frmMine::ShowModal(QDialog *dialog)
+{
+    ++modalDepth;
+    dialog->exec();
+    --modalDepth;
+    if (modalDepth == 0 && pendingRequest != FieldRequest::None)
+        floodTimer->start();
 }
 
 void frmMine::RequestField(FieldRequest request)

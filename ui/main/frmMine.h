@@ -10,6 +10,7 @@
 
 class DigitDisplay;
 class FieldView;
+class QDialog;
 class QMenu;
 class QTimer;
 class RandomSource;
@@ -104,6 +105,8 @@ private:
     void Exit();
     void Form_Unload();
     void SetLevelMenuEnabled(bool enabled);
+    // Shows a dialog modally and waits until it has closed; it deletes itself.
+    void ShowModal(QDialog *dialog);
 
     // Floods: the newest one advances first; each step paints the cells it opened.
     void ReveilBlanks(int x, int y);
@@ -121,6 +124,9 @@ private:
 
     std::vector<Flood> floods;
     FieldRequest pendingRequest = FieldRequest::None;
+    // Dialogs open now. A waiting field request is not carried out under one: the handler that
+    // opened it resumes when it closes and must find the game it left.
+    int modalDepth = 0;
     bool settingsWritten = false;
 
     QTimer *Timer;

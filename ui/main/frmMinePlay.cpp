@@ -7,7 +7,6 @@
 #include "FieldBuilder.h"
 #include "FieldView.h"
 #include "LossDisplay.h"
-#include "NumericText.h"
 #include "RecordInsertion.h"
 #include "SmileButton.h"
 #include "WaveOutput.h"
@@ -18,14 +17,10 @@
 #include <QMenu>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
-
-constexpr int CoveredPicture = 13;
-constexpr int FlagPicture = 14;
-constexpr int QueryPicture = 15;
-constexpr int ExplodedPicture = 11;
 
 // The panel and its parts, as wide as the field; the clock keeps 2 pixels from its right end.
 constexpr int FieldLeft = 4;
@@ -64,7 +59,7 @@ void frmMine::FitToField()
     field->move(FieldLeft, FieldTop);
     const int boxWidth = field->width();
     box->setGeometry(FieldLeft, 0, boxWidth, BoxHeight);
-    btnSmile->move(WholeValue(boxWidth - SmileWidth) / 2, SmileTop);
+    btnSmile->move((boxWidth - SmileWidth) / 2, SmileTop);
     pT->move(boxWidth - ClockWidth - ClockRightGap, 0);
 
     client->setFixedSize(Margin + boxWidth + Margin, FieldTop + field->height() + Margin);
@@ -97,7 +92,7 @@ void frmMine::btn_MouseDown(int index, Qt::MouseButton button)
             if (cell.Flagged) {
                 cell.Flagged = false;
                 cell.Queried = true;
-                SetPic(index, QueryPicture);
+                SetPic(index, CellPicture::Query);
                 DisplayBombs(++FlagsLeft);
                 if (cell.Bomb)
                     ++BombsLeft;
@@ -105,11 +100,11 @@ void frmMine::btn_MouseDown(int index, Qt::MouseButton button)
             }
             if (cell.Queried) {
                 cell.Queried = false;
-                SetPic(index, CoveredPicture);
+                SetPic(index, CellPicture::Covered);
                 return;
             }
             cell.Flagged = true;
-            SetPic(index, FlagPicture);
+            SetPic(index, CellPicture::Flag);
             DisplayBombs(--FlagsLeft);
             if (cell.Bomb)
                 --BombsLeft;
@@ -158,7 +153,9 @@ void frmMine::StepFlood()
             floodTimer->start();
         return;
     }
-    CarryOut(std::exchange(pendingRequest, FieldRequest::None));
+    // Under a dialog the request keeps waiting; ShowModal comes back for it.
+    if (modalDepth == 0)
+        CarryOut(std::exchange(pendingRequest, FieldRequest::None));
 }
 
 void frmMine::Timer_Timer()
@@ -186,9 +183,9 @@ void frmMine::Victory()
         const int row = RecordRowFor(table, elapsed);
         if (row >= 0) {
             MakeRoomAt(table, row);
-            (new frmPlayer(this))->exec();
+            ShowModal(new frmPlayer(this));
             WriteRecordRow(table, row, Common::PlayerName, elapsed);
-            (new frmFame(this))->exec();
+            ShowModal(new frmFame(this));
         }
     }
     SetLevelMenuEnabled(true);
@@ -203,7 +200,7 @@ void frmMine::LostGame(int thisIdx, bool skip)
         PlayWave(102);
     Smile(2);
     if (!skip) {
-        SetPic(thisIdx, ExplodedPicture);
+        SetPic(thisIdx, CellPicture::Exploded);
         Cells.Vect2Idx(thisIdx);
         Cells.Cells(Cells.CurX, Cells.CurY).Opened = true;
     }

@@ -89,7 +89,8 @@ void SdlWaveOutput::Play(int id)
     if (sound == sounds.cend()) {
         return;
     }
-    // Held across clear and queue so the audio thread never plays silence in between.
+    // Held across clear and queue so the audio thread never plays silence in between; SDL's
+    // device lock may be taken again by the thread holding it, as SDL_QueueAudio does.
     SDL_LockAudioDevice(device);
     SDL_ClearQueuedAudio(device);
     SDL_QueueAudio(device, sound->constData(), Uint32(sound->size()));
