@@ -15,3 +15,6 @@ struct RecordRow
 
 // Five rows, best time first. Row 4 is the last place.
 using RecordTable = std::array<RecordRow, 5>;
+
+// The time of a row nobody has won yet: slower than any game, whose countdown is at most 900 s.
+inline const QString UnwonTime = QStringLiteral("999");

@@ -2,6 +2,7 @@
 
 #include "Common.h"
 #include "NumericText.h"
+#include "RecordInsertion.h"
 #include "SettingsStore.h"
 
 #include <array>
@@ -11,16 +12,10 @@ namespace {
 const QString GameSection = QStringLiteral("Game");
 const QString SoundKey = QStringLiteral("Sound");
 const QString LevelKey = QStringLiteral("Level");
-const QString EmptySlotTime = QStringLiteral("999");
 
 // Section names in level order: Easy, Medium, Hard.
 const std::array<QString, 3> RecordSections = {QStringLiteral("Easy"), QStringLiteral("Medium"),
                                                QStringLiteral("Hard")};
-
-std::array<RecordTable *, 3> recordTables()
-{
-    return {&Common::EasyRecords, &Common::MediumRecords, &Common::HardRecords};
-}
 
 QString placeholderName(int row)
 {
@@ -54,7 +49,7 @@ RecordTable fittedTable(const QList<SettingsStore::Entry> &entries)
     RecordTable table;
     for (int row = 0; row < int(table.size()); ++row) {
         table[row] = row < entries.size() ? RecordRow{entries[row].Key, entries[row].Value}
-                                          : RecordRow{placeholderName(row), EmptySlotTime};
+                                          : RecordRow{placeholderName(row), UnwonTime};
     }
     return table;
 }
@@ -62,7 +57,7 @@ RecordTable fittedTable(const QList<SettingsStore::Entry> &entries)
 void listTables(const SettingsStore &store)
 {
     for (std::size_t level = 0; level < RecordSections.size(); ++level)
-        *recordTables()[level] = fittedTable(store.List(RecordSections[level]));
+        RecordsOfLevel(int(level)) = fittedTable(store.List(RecordSections[level]));
 }
 
 void deleteRecordSections(SettingsStore &store)
@@ -76,7 +71,7 @@ void resetRecords(SettingsStore &store)
     deleteRecordSections(store);
     for (int row = 0; row < int(RecordTable().size()); ++row) {
         for (const QString &section : RecordSections)
-            store.Write(section, placeholderName(row), EmptySlotTime);
+            store.Write(section, placeholderName(row), UnwonTime);
     }
 }
 
@@ -108,7 +103,7 @@ void WriteSettings(bool soundOn, const QLocale &locale)
     // Rows go in by Append, not Write: a player holding several rows of one table keeps them all.
     for (std::size_t row = 0; row < RecordTable().size(); ++row) {
         for (std::size_t level = 0; level < RecordSections.size(); ++level) {
-            const RecordRow &record = (*recordTables()[level])[row];
+            const RecordRow &record = RecordsOfLevel(int(level))[row];
             store.Append(RecordSections[level], record.Name, record.Time);
         }
     }

@@ -12,8 +12,9 @@
 
 namespace {
 
-// Far more than the file ever holds; a larger file is damaged and only its start is read.
-constexpr qint64 MaxReadBytes = 1 << 20;
+// Far more than the largest file the game writes (fifteen names of at most 32767 characters,
+// however escaped, stay under 4 MiB); a larger file is damaged and only its start is read.
+constexpr qint64 MaxReadBytes = 8 << 20;
 
 bool isBlank(QChar c)
 {
@@ -103,18 +104,16 @@ void SettingsStore::AddLine(QStringView line, Section *&current)
 
 const SettingsStore::Section *SettingsStore::Find(QStringView name) const
 {
-    const auto found =
-        std::find_if(m_sections.cbegin(), m_sections.cend(),
-                     [name](const Section &section) { return section.Name == name; });
-    return found == m_sections.cend() ? nullptr : &*found;
+    const qsizetype found = m_sectionIndex.value(name.toString(), -1);
+    return found < 0 ? nullptr : &m_sections[found];
 }
 
 SettingsStore::Section &SettingsStore::FindOrAdd(const QString &name)
 {
-    for (Section &section : m_sections) {
-        if (section.Name == name)
-            return section;
-    }
+    // Looked up by hash: a damaged file may hold a great many section headers.
+    if (const auto found = m_sectionIndex.constFind(name); found != m_sectionIndex.cend())
+        return m_sections[*found];
+    m_sectionIndex.insert(name, m_sections.size());
     return m_sections.emplaceBack(Section{name, {}});
 }
 
@@ -156,6 +155,9 @@ void SettingsStore::Append(const QString &section, const QString &key, const QSt
 void SettingsStore::DeleteSection(QStringView section)
 {
     m_sections.removeIf([section](const Section &candidate) { return candidate.Name == section; });
+    m_sectionIndex.clear();
+    for (qsizetype i = 0; i < m_sections.size(); ++i)
+        m_sectionIndex.insert(m_sections[i].Name, i);
 }
 
 QString SettingsStore::Text() const
@@ -190,8 +192,7 @@ bool SettingsStore::Save() const
     // Without the explicit flush, a write error in QSaveFile's buffer would go unnoticed.
     const QByteArray bytes = Text().toUtf8();
     if (file.write(bytes) != bytes.size() || !file.flush()) {
-        file.cancelWriting();
-        file.commit(); // only removes the temporary file
+        file.cancelWriting(); // the temporary file goes with the QSaveFile
         return false;
     }
     return file.commit();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringView>
@@ -16,7 +17,7 @@
 //   Key=Value
 //   Key #2=Value      (second value under the same key; #3 for the third, and so on)
 // Escaped keys never contain a raw '#', so the " #n" ending cannot be part of any key.
-// Reading is forgiving: lines are read up to a 1 MiB cap, lines with neither a section header
+// Reading is forgiving: the first 8 MiB of the file are read, lines with neither a section header
 // nor '=' are skipped, as are ';' comment lines and values before the first header; a section
 // that appears twice is merged into the first; CRLF line ends are accepted; invalid UTF-8
 // becomes replacement characters. Whatever cannot be read is simply missing from the store,
@@ -74,4 +75,5 @@ private:
 
     QString m_filePath;
     QList<Section> m_sections;
+    QHash<QString, qsizetype> m_sectionIndex; // position of each section in m_sections
 };

@@ -210,6 +210,11 @@ private slots:
         QCOMPARE(ShownRows(DialogUnderTest<frmFame>()), PlaceholderRows("Player", 1));
         Common::MediumRecords[2] = RecordRow{"", "42"}; // an empty name stays empty
         QCOMPARE(ShownRows(DialogUnderTest<frmFame>()), StoredRows());
+        // Enter right after opening closes the box and clears nothing.
+        DialogUnderTest<frmFame> entered;
+        QVERIFY(!entered.RunModal(
+            [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }));
+        QCOMPARE(Common::MediumRecords[2], (RecordRow{"", "42"}));
         for (const bool english : {true, false}) {
             Common::LangEnglish = english;
             DialogUnderTest<frmFame> dialog;

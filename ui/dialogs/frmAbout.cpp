@@ -16,7 +16,8 @@ const QColor Navy(0x00, 0x00, 0x80);
 const QColor NoteBlue(0x00, 0x00, 0xC0);
 const QColor LightYellow(0xFF, 0xFF, 0xC0);
 
-void Colour(QLabel *label, const QColor &text, const QColor &background)
+// A band of centred text in its own colours.
+void ColourBand(QLabel *label, const QColor &text, const QColor &background)
 {
     SetTextColour(label, text);
     SetBackground(label, background);
@@ -40,18 +41,18 @@ frmAbout::frmAbout(QWidget *parent) : QDialog(parent)
     for (QLabel *label : PlaceLanguagePair('4', QRect(4, 4, 169, 45), QRect(4, 4, 169, 45),
                                            QStringLiteral("VELKARO\nthe minefield game"),
                                            QStringLiteral("VELKARO\nil gioco del campo minato")))
-        Colour(label, Qt::white, Navy);
-    Colour(Place(QStringLiteral("Label6"), QRect(4, 48, 169, 21),
-                 QStringLiteral("Version 1.02 - Dec, 2003")),
-           Qt::white, Navy);
+        ColourBand(label, Qt::white, Navy);
+    ColourBand(Place(QStringLiteral("Label6"), QRect(4, 48, 169, 21),
+                     QStringLiteral("Version 1.02 - Dec, 2003")),
+               Qt::white, Navy);
     for (QLabel *label : PlaceLanguagePair('5', QRect(4, 68, 169, 17), QRect(4, 68, 169, 17),
                                            QStringLiteral("Mind the bombs!"),
                                            QStringLiteral("Attento alle bombe!")))
-        Colour(label, NoteBlue, LightYellow);
+        ColourBand(label, NoteBlue, LightYellow);
     QLabel *Label7 =
         Place(QStringLiteral("Label7"), QRect(4, 84, 169, 17), QStringLiteral("Freeware"));
     Label7->setFont(BoldDialogFont());
-    Colour(Label7, NoteBlue, LightYellow);
+    ColourBand(Label7, NoteBlue, LightYellow);
 
     for (QLabel *label :
          PlaceLanguagePair('1', QRect(16, 116, 89, 21), QRect(24, 116, 89, 21),
@@ -61,21 +62,26 @@ frmAbout::frmAbout(QWidget *parent) : QDialog(parent)
         Place(QStringLiteral("Label5"), QRect(104, 117, 37, 17), QStringLiteral("Velko"));
     Label5->setFont(BoldDialogFont());
     SetTextColour(Label5, QColor(0xC0, 0x00, 0x00));
-    PlaceLanguagePair(
-        '2', QRect(12, 136, 137, 45), QRect(14, 135, 137, 45),
-        QStringLiteral("I built this game to pass the long winter evenings of the valley."),
-        QStringLiteral("Ho scritto questo gioco per le lunghe sere d'inverno della valle."));
+    // The note's body and hint are black whatever the desktop's colours: they stand on the bubble.
+    for (QLabel *label : PlaceLanguagePair(
+             '2', QRect(12, 136, 137, 45), QRect(14, 135, 137, 45),
+             QStringLiteral("I built this game to pass the long winter evenings of the valley."),
+             QStringLiteral("Ho scritto questo gioco per le lunghe sere d'inverno della valle.")))
+        SetTextColour(label, Qt::black);
     // The English hint closes the box as well, so both languages behave alike.
     for (ClickableLabel *hint : PlaceLanguagePair(
              '3', QRect(16, 180, 133, 45), QRect(15, 180, 133, 45),
              QStringLiteral(
                  "and, if you want an hint on how to play dishonestly... press my nose !"),
-             QStringLiteral("e se vuoi un aiuto per giocare disonestamente, premi il mio naso !")))
+             QStringLiteral(
+                 "e se vuoi un aiuto per giocare disonestamente, premi il mio naso !"))) {
+        SetTextColour(hint, Qt::black);
         connect(hint, &ClickableLabel::clicked, this, &frmAbout::lI3_Click);
+    }
 
-    Colour(Place(QStringLiteral("Label1"), QRect(172, 204, 157, 29),
-                 QStringLiteral("velko@velkaro.invalid")),
-           Qt::white, Qt::black);
+    ColourBand(Place(QStringLiteral("Label1"), QRect(172, 204, 157, 29),
+                     QStringLiteral("velko@velkaro.invalid")),
+               Qt::white, Qt::black);
 
     const bool english = Common::LangEnglish;
     PlacePicture(QStringLiteral("flagI"), QRect(180, 4, 37, 30), ItalianFlagPicture())

@@ -2,6 +2,7 @@
 
 #include "Common.h"
 #include "DialogLook.h"
+#include "RecordInsertion.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -9,12 +10,11 @@
 
 namespace {
 
-const QColor Teal(0x00, 0x40, 0x40);
-
-std::array<RecordTable *, 3> Tables()
-{
-    return {&Common::EasyRecords, &Common::MediumRecords, &Common::HardRecords};
-}
+const QColor FameBackground(0x00, 0x40, 0x40);
+const QColor BestName(0xC0, 0xFF, 0xC0);
+const QColor OtherName(0x00, 0xC0, 0xC0);
+const QColor TimeText(0x00, 0xFF, 0x00);
+const QColor TimeBackground(0x00, 0x40, 0x00);
 
 // Row 0 stands 4 pixels further apart from the rows below it.
 int RowTop(int row)
@@ -33,7 +33,7 @@ QString ElementName(const char *array, int level, int row)
 frmFame::frmFame(QWidget *parent) : QDialog(parent)
 {
     PrepareDialog(this, QStringLiteral("frmFame"), QSize(465, 205));
-    SetBackground(this, Teal);
+    SetBackground(this, FameBackground);
     const bool english = Common::LangEnglish;
     setWindowTitle(english ? QStringLiteral(" HALL OF FAME")
                            : QStringLiteral(" VETRINA DEI RECORD"));
@@ -49,6 +49,10 @@ frmFame::frmFame(QWidget *parent) : QDialog(parent)
     auto *btnClose = new QPushButton(QStringLiteral("OK"), this);
     btnClose->setObjectName(QStringLiteral("btnClose"));
     btnClose->setGeometry(396, 172, 57, 21);
+    // OK takes Enter: the box often opens right after the name was typed and confirmed, and a
+    // second Enter must not clear the records just won.
+    btnClose->setDefault(true);
+    btnClose->setFocus();
     connect(btnCancel, &QPushButton::clicked, this, &frmFame::btnCancel_Click);
     connect(btnClose, &QPushButton::clicked, this, &frmFame::btnClose_Click);
 
@@ -62,16 +66,16 @@ frmFame::RowLabels frmFame::PlaceFrame(int level, int x, const QString &title)
     frame->setGeometry(x, 8, 141, 153);
     frame->setFont(BoldDialogFont());
     SetTextColour(frame, Qt::white);
-    SetBackground(frame, Teal);
+    SetBackground(frame, FameBackground);
 
     RowLabels labels;
     for (int row = 0; row < 5; ++row) {
         const int y = RowTop(row);
         QLabel *name = PlaceLabel(frame, ElementName("pl", level, row), QRect(8, y, 89, 17));
-        SetTextColour(name, row == 0 ? QColor(0xC0, 0xFF, 0xC0) : QColor(0x00, 0xC0, 0xC0));
+        SetTextColour(name, row == 0 ? BestName : OtherName);
         QLabel *time = PlaceLabel(frame, ElementName("sc", level, row), QRect(100, y, 29, 17));
-        SetTextColour(time, QColor(0x00, 0xFF, 0x00));
-        SetBackground(time, QColor(0x00, 0x40, 0x00));
+        SetTextColour(time, TimeText);
+        SetBackground(time, TimeBackground);
         time->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         time->setLineWidth(1);
         time->setAlignment(Qt::AlignCenter);
@@ -83,11 +87,11 @@ frmFame::RowLabels frmFame::PlaceFrame(int level, int x, const QString &title)
 
 void frmFame::ShowRecords()
 {
-    const auto tables = Tables();
     for (int level = 0; level < 3; ++level) {
+        const RecordTable &table = RecordsOfLevel(level);
         for (int row = 0; row < 5; ++row) {
-            Rows[level].Names[row]->setText((*tables[level])[row].Name);
-            Rows[level].Times[row]->setText((*tables[level])[row].Time);
+            Rows[level].Names[row]->setText(table[row].Name);
+            Rows[level].Times[row]->setText(table[row].Time);
         }
     }
 }
@@ -96,10 +100,9 @@ void frmFame::btnCancel_Click()
 {
     const QString prefix =
         Common::LangEnglish ? QStringLiteral("Player") : QStringLiteral("Giocatore");
-    const auto tables = Tables();
     for (int row = 0; row < 5; ++row) {
-        for (RecordTable *table : tables)
-            (*table)[row] = RecordRow{prefix + QString::number(row), QStringLiteral("999")};
+        for (int level = 0; level < 3; ++level)
+            RecordsOfLevel(level)[row] = RecordRow{prefix + QString::number(row), UnwonTime};
     }
     ShowRecords();
 }

@@ -15,6 +15,7 @@ frmPlayer::frmPlayer(QWidget *parent) : QDialog(parent)
 
     txPlayer =
         new QLineEdit(english ? QStringLiteral("Anonymous") : QStringLiteral("Anonimo"), this);
+    // The box keeps its own limit of 32767 characters, which bounds the settings file too.
     txPlayer->setObjectName(QStringLiteral("txPlayer"));
     txPlayer->setGeometry(56, 20, 105, 19);
     // 50 pixels rather than 37, so that "Giocatore" is not cut; the text box starts at 56.
