@@ -11,16 +11,16 @@
 
 #include <set>
 
-// On a screen that scales by a whole number, every picture must stay pixel art: each source
-// pixel an exact square of screen pixels, never a blend of its neighbours.
-class HighDpiTest : public QObject
+// Enlarged pictures must stay pixel art: on a screen that scales by a whole number and in the
+// desktop's theme icons, each source pixel an exact square of its colour, never a blend.
+class CrispTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void cellsDigitsAndFaceAreExactSquares();
     void aboutBoxPicturesStaySharp();
+    void themeIconsAreExactEnlargements();
 
 private:
     RecordingWaveOutput sound;
@@ -31,26 +31,26 @@ namespace {
 
 constexpr int Scale = 2;
 
-QImage Grab(QWidget *widget)
+QImage Argb(const QImage &image)
 {
-    return widget->grab().toImage().convertToFormat(QImage::Format_ARGB32);
+    return image.convertToFormat(QImage::Format_ARGB32);
 }
 
-// Whether `source` appears in `shot` at logical position `at`, each of its opaque pixels as a
-// Scale x Scale square of exactly its colour.
-bool ShowsAsSquares(const QImage &shot, const QImage &source, QPoint at)
+QImage Grab(QWidget *widget)
 {
-    for (int y = 0; y < source.height(); ++y) {
-        for (int x = 0; x < source.width(); ++x) {
-            const QRgb colour = source.pixel(x, y);
-            if (qAlpha(colour) != 255)
-                continue;
-            for (int dy = 0; dy < Scale; ++dy) {
-                for (int dx = 0; dx < Scale; ++dx) {
-                    if (shot.pixel((at.x() + x) * Scale + dx, (at.y() + y) * Scale + dy) != colour)
-                        return false;
-                }
-            }
+    return Argb(widget->grab().toImage());
+}
+
+// Whether `shot` shows `source` at `at` (in source pixels times `scale`), each opaque source
+// pixel a `scale` x `scale` square of exactly its colour.
+bool ShowsAsSquares(const QImage &shot, const QImage &source, QPoint at, int scale = Scale)
+{
+    for (int y = 0; y < source.height() * scale; ++y) {
+        for (int x = 0; x < source.width() * scale; ++x) {
+            const QRgb colour = source.pixel(x / scale, y / scale);
+            if (qAlpha(colour) == 255 &&
+                shot.pixel(at.x() * scale + x, at.y() * scale + y) != colour)
+                return false;
         }
     }
     return true;
@@ -68,13 +68,9 @@ std::set<QRgb> Colours(const QImage &image)
 
 } // namespace
 
-void HighDpiTest::initTestCase()
+void CrispTest::cellsDigitsAndFaceAreExactSquares()
 {
     QCOMPARE(qApp->devicePixelRatio(), qreal(Scale));
-}
-
-void HighDpiTest::cellsDigitsAndFaceAreExactSquares()
-{
     frmMine window(sound, random);
     window.Form_Load();
     window.SetPic(1, 4);
@@ -83,30 +79,35 @@ void HighDpiTest::cellsDigitsAndFaceAreExactSquares()
     QCOMPARE(field.width(), (16 * 9 + 4) * Scale);
     QVERIFY(ShowsAsSquares(field, PictureSet::IL().Image(4), QPoint(2, 2)));
     QVERIFY(ShowsAsSquares(field, PictureSet::IL().Image(13), QPoint(2 + 16, 2)));
-
     const QImage clock = Grab(window.findChild<QWidget *>(QStringLiteral("pT")));
     QVERIFY(ShowsAsSquares(clock, PictureSet::ILD().Image(1), QPoint(32, 0)));
-
     const QImage smile = Grab(window.findChild<QWidget *>(QStringLiteral("btnSmile")));
     QVERIFY(ShowsAsSquares(smile, PictureSet::ILS().Image(4), QPoint(3, 2)));
 }
 
-void HighDpiTest::aboutBoxPicturesStaySharp()
+void CrispTest::aboutBoxPicturesStaySharp()
 {
     QPointer<frmAbout> about = new frmAbout;
     about->show();
-
     const QImage portrait = Grab(about->findChild<QWidget *>(QStringLiteral("Image1")));
-    QVERIFY(
-        ShowsAsSquares(portrait, QImage(QStringLiteral(":/pictures/portrait.xpm")), QPoint(0, 0)));
+    QVERIFY(ShowsAsSquares(portrait, Argb(QImage(":/pictures/portrait.xpm")), QPoint(0, 0)));
 
     // The flag is stretched to its control by repeating pixels: only its own colours appear.
-    const QImage flag = Grab(about->findChild<QWidget *>(QStringLiteral("flagI")));
-    const std::set<QRgb> source = Colours(
-        QImage(QStringLiteral(":/pictures/flag_italy.xpm")).convertToFormat(QImage::Format_ARGB32));
-    for (const QRgb colour : Colours(flag))
+    const std::set<QRgb> source = Colours(Argb(QImage(":/pictures/flag_italy.xpm")));
+    for (const QRgb colour : Colours(Grab(about->findChild<QWidget *>(QStringLiteral("flagI")))))
         QVERIFY2(source.count(colour), qPrintable(QString::number(colour, 16)));
     about->close();
+}
+
+void CrispTest::themeIconsAreExactEnlargements()
+{
+    const QImage icon = Argb(QImage(":/pictures/icon.xpm"));
+    for (const int size : {48, 64, 128, 256}) {
+        const QImage themed = Argb(QImage(QStringLiteral(VELKARO_ICON_FOLDER "/%1.png").arg(size)));
+        QCOMPARE(themed.size(), QSize(size, size));
+        QVERIFY2(ShowsAsSquares(themed, icon, QPoint(0, 0), size / 16),
+                 qPrintable(QString::number(size)));
+    }
 }
 
 int main(int argc, char *argv[])
@@ -115,8 +116,8 @@ int main(int argc, char *argv[])
     QTemporaryDir config; // the window reads its settings: never the player's own
     qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
     QApplication app(argc, argv);
-    HighDpiTest test;
+    CrispTest test;
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "tst_highdpi.moc"
+#include "tst_crisp.moc"
