@@ -9,6 +9,7 @@
 #include "GameSettings.h"
 #include "Palette.h"
 #include "SmileButton.h"
+#include "WaveOutput.h"
 #include "WrappingMenuBar.h"
 #include "frmAbout.h"
 #include "frmCustom.h"
@@ -166,6 +167,7 @@ void frmMine::Form_Load()
     show();
     mnuLang_Click();
     mnuProg[2]->setChecked(SoundOn);
+    waveOutput.SetOpen(SoundOn);
     DrawField();
     if (SoundOn)
         PlayWave(103);
@@ -238,6 +240,7 @@ void frmMine::mnuProg_Click(int index)
     case 2:
         SoundOn = !SoundOn;
         mnuProg[2]->setChecked(SoundOn);
+        waveOutput.SetOpen(SoundOn);
         break;
     case 3:
         ShowModal(new frmFame(this));

@@ -4,6 +4,11 @@
 
 namespace {
 
+// The format every sound is decoded into and the device is opened with.
+constexpr int Frequency = 22050;
+constexpr SDL_AudioFormat SampleFormat = AUDIO_S16SYS;
+constexpr Uint8 Channels = 1;
+
 QMap<int, QByteArray> EmbeddedWaves()
 {
     QMap<int, QByteArray> waves;
@@ -24,20 +29,6 @@ SdlWaveOutput::SdlWaveOutput(const QMap<int, QByteArray> &waves)
     // SDL would otherwise take SIGINT and SIGTERM for its own event queue, which nobody reads,
     // and the game could no longer be stopped by a signal (at logout, say).
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    audioStarted = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
-    if (!audioStarted) {
-        return;
-    }
-    SDL_AudioSpec desired{};
-    desired.freq = 22050;
-    desired.format = AUDIO_S16SYS;
-    desired.channels = 1;
-    // About 23 ms: the longest a new sound waits behind the block the device is already playing.
-    desired.samples = 512;
-    device = SDL_OpenAudioDevice(nullptr, 0, &desired, &deviceSpec, SDL_AUDIO_ALLOW_ANY_CHANGE);
-    if (device == 0) {
-        return;
-    }
     for (auto it = waves.cbegin(); it != waves.cend(); ++it) {
         Decode(it.key(), it.value());
     }
@@ -45,12 +36,43 @@ SdlWaveOutput::SdlWaveOutput(const QMap<int, QByteArray> &waves)
 
 SdlWaveOutput::~SdlWaveOutput()
 {
-    if (device != 0) {
-        SDL_CloseAudioDevice(device);
+    Close();
+}
+
+void SdlWaveOutput::SetOpen(bool open)
+{
+    if (open) {
+        Open();
+    } else {
+        Close();
     }
-    if (audioStarted) {
+}
+
+void SdlWaveOutput::Open()
+{
+    if (device != 0 || SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
+        return;
+    }
+    SDL_AudioSpec desired{};
+    desired.freq = Frequency;
+    desired.format = SampleFormat;
+    desired.channels = Channels;
+    // About 23 ms: the longest a new sound waits behind the block the device is already playing.
+    desired.samples = 512;
+    device = SDL_OpenAudioDevice(nullptr, 0, &desired, nullptr, 0);
+    if (device == 0) {
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
     }
+}
+
+void SdlWaveOutput::Close()
+{
+    if (device == 0) {
+        return;
+    }
+    SDL_CloseAudioDevice(device);
+    device = 0;
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
 void SdlWaveOutput::Decode(int id, const QByteArray &wave)
@@ -65,9 +87,8 @@ void SdlWaveOutput::Decode(int id, const QByteArray &wave)
     QByteArray converted(reinterpret_cast<const char *>(samples), qsizetype(length));
     SDL_FreeWAV(samples);
     SDL_AudioCVT cvt;
-    const int conversion =
-        SDL_BuildAudioCVT(&cvt, waveSpec.format, waveSpec.channels, waveSpec.freq,
-                          deviceSpec.format, deviceSpec.channels, deviceSpec.freq);
+    const int conversion = SDL_BuildAudioCVT(&cvt, waveSpec.format, waveSpec.channels,
+                                             waveSpec.freq, SampleFormat, Channels, Frequency);
     if (conversion < 0) {
         return;
     }
@@ -86,7 +107,7 @@ void SdlWaveOutput::Decode(int id, const QByteArray &wave)
 void SdlWaveOutput::Play(int id)
 {
     const auto sound = sounds.constFind(id);
-    if (sound == sounds.cend()) {
+    if (device == 0 || sound == sounds.cend()) {
         return;
     }
     // Held across clear and queue so the audio thread never plays silence in between; SDL's
