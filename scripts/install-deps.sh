@@ -8,6 +8,7 @@ packages=(
     libsdl2-dev
     xvfb xauth
     desktop-file-utils appstream
+    dpkg-dev file
 )
 
 missing=()

@@ -1,12 +1,19 @@
 #!/usr/bin/env bash
-# Installs the build into a temporary prefix and checks what a desktop finds there.
+# Installs the build into a temporary prefix and packs it as a Debian package, then checks that
+# both hold what a desktop needs and that the package leaves its libraries to Debian.
 #   check_install.sh <build folder>
 set -euo pipefail
 build=$1
-prefix=$(mktemp -d)
-trap 'rm -rf "$prefix"' EXIT
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
 
-cmake --install "$build" --prefix "$prefix" >/dev/null
+cmake --install "$build" --prefix "$work/prefix" >/dev/null
+cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work" >/dev/null
+package=$(echo "$work"/velkaro_*.deb)
+echo "$package:"
+dpkg-deb -f "$package" Package Version Section Maintainer Depends
+dpkg -c "$package"
+listing=$(dpkg -c "$package")
 
 id=org.velkaro.Velkaro
 expected=(
@@ -18,10 +25,21 @@ for size in 48 64 128 256; do
     expected+=("share/icons/hicolor/${size}x${size}/apps/$id.png")
 done
 for file in "${expected[@]}"; do
-    [ -s "$prefix/$file" ] || { echo "missing after install: $file"; exit 1; }
+    [ -s "$work/prefix/$file" ] || { echo "missing after install: $file"; exit 1; }
+    grep -q " \./usr/$file\$" <<<"$listing" || { echo "missing from the package: /usr/$file"; exit 1; }
 done
-[ -x "$prefix/bin/velkaro" ] || { echo "bin/velkaro is not executable"; exit 1; }
+[ -x "$work/prefix/bin/velkaro" ] || { echo "bin/velkaro is not executable"; exit 1; }
+grep -q '^-rwxr-xr-x .* \./usr/bin/velkaro$' <<<"$listing" || { echo "packed velkaro is not executable"; exit 1; }
 
-desktop-file-validate "$prefix/share/applications/$id.desktop"
-appstreamcli validate --no-net "$prefix/share/metainfo/$id.metainfo.xml"
-echo "installed layout and metadata are valid"
+[ "$(dpkg-deb -f "$package" Section)" = games ] || { echo "package section is not games"; exit 1; }
+depends=$(dpkg-deb -f "$package" Depends)
+for library in libqt6core6 libqt6gui6 libqt6widgets6 libsdl2-2.0-0; do
+    [[ $depends == *"$library "* ]] || { echo "Depends does not name $library"; exit 1; }
+done
+if grep -q -e libQt6 -e libSDL2 <<<"$listing"; then
+    echo "the package carries its own Qt or SDL2"; exit 1
+fi
+
+desktop-file-validate "$work/prefix/share/applications/$id.desktop"
+appstreamcli validate --no-net "$work/prefix/share/metainfo/$id.metainfo.xml"
+echo "installed layout, package and metadata are valid"
