@@ -12,8 +12,8 @@ cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work" >/dev/null
 package=$(echo "$work"/velkaro_*.deb)
 echo "$package:"
 dpkg-deb -f "$package" Package Version Section Maintainer Depends
-dpkg -c "$package"
 listing=$(dpkg -c "$package")
+echo "$listing"
 
 id=org.velkaro.Velkaro
 expected=(
