@@ -6,6 +6,8 @@
 #include "FieldView.h"
 #include "SmileButton.h"
 
+#include <utility>
+
 namespace {
 
 QString Choose(const char *italian, const char *english)
@@ -17,40 +19,31 @@ QString Choose(const char *italian, const char *english)
 
 QString CellName(int picture)
 {
-    if (picture > CellPicture::Empty && picture < CellPicture::HiddenBomb)
-        return QString::number(picture - 1);
-    switch (picture) {
-    case CellPicture::Empty:
+    // Pictures 10 to 15: the bombs and flags shown at a loss, then the covered cells.
+    static constexpr std::pair<const char *, const char *> Shown[] = {
+        {"bomba", "bomb"},
+        {"bomba esplosa", "exploded bomb"},
+        {"bandierina sbagliata", "wrong flag"},
+        {"coperta", "covered"},
+        {"bandierina", "flag"},
+        {"punto interrogativo", "question mark"}};
+    if (picture == CellPicture::Empty)
         return Choose("vuota", "empty");
-    case CellPicture::HiddenBomb:
-        return Choose("bomba", "bomb");
-    case CellPicture::Exploded:
-        return Choose("bomba esplosa", "exploded bomb");
-    case CellPicture::WrongFlag:
-        return Choose("bandierina sbagliata", "wrong flag");
-    case CellPicture::Covered:
-        return Choose("coperta", "covered");
-    case CellPicture::Flag:
-        return Choose("bandierina", "flag");
-    case CellPicture::Query:
-        return Choose("punto interrogativo", "question mark");
-    default:
-        return {};
-    }
+    if (picture < CellPicture::HiddenBomb)
+        return QString::number(picture - 1);
+    const auto &[italian, english] = Shown[picture - CellPicture::HiddenBomb];
+    return Choose(italian, english);
 }
 
 QString FaceMeaning(int face)
 {
-    switch (face) {
-    case 1:
-        return Choose("partita vinta", "game won");
-    case 2:
-        return Choose("partita persa", "game lost");
-    case 3:
-        return Choose("tasto premuto", "button pressed");
-    default:
-        return Choose("normale", "normal");
-    }
+    static constexpr std::pair<const char *, const char *> Meanings[] = {
+        {"partita vinta", "game won"},
+        {"partita persa", "game lost"},
+        {"tasto premuto", "button pressed"},
+        {"normale", "normal"}};
+    const auto &[italian, english] = Meanings[face - 1];
+    return Choose(italian, english);
 }
 
 void NameControls(DigitDisplay *bombCounter, SmileButton *smile, DigitDisplay *clock,
