@@ -1,7 +1,9 @@
+#include "AccessibleFactory.h"
 #include "ClockRandomSource.h"
 #include "SdlWaveOutput.h"
 #include "frmMine.h"
 
+#include <QAccessible>
 #include <QApplication>
 
 #include <cstdio>
@@ -27,6 +29,7 @@ int main(int argc, char *argv[])
         return 1;
     }
     QApplication app(argc, argv);
+    QAccessible::installFactory(CreateGameAccessible);
     SdlWaveOutput sound;
     ClockRandomSource random;
     frmMine window(sound, random);

@@ -4,9 +4,13 @@
 #include "CellPicture.h"
 #include "PictureSet.h"
 
+#include <QAccessible>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimer>
+
+#include <utility>
 
 namespace {
 
@@ -21,6 +25,10 @@ FieldView::FieldView(QWidget *parent) : QWidget(parent)
 {
     // Every pixel is painted from the pictures and the border: no background fill needed.
     setAttribute(Qt::WA_OpaquePaintEvent);
+    announceTimer = new QTimer(this);
+    announceTimer->setSingleShot(true);
+    announceTimer->setInterval(AnnounceInterval);
+    connect(announceTimer, &QTimer::timeout, this, &FieldView::AnnounceChangedCells);
     const PictureSet &cells = PictureSet::IL();
     for (int p = 1; p <= cells.Count(); ++p)
         cellPixmaps[p - 1] = cells.Picture(p);
@@ -35,6 +43,12 @@ void FieldView::Reset(int fieldX, int fieldY)
     pressedIndex = 0;
     setFixedSize(sizeHint());
     update();
+    changedCells.clear();
+    announceTimer->stop();
+    if (QAccessible::isActive()) {
+        QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::ModelReset);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void FieldView::SetPic(int i, int p)
@@ -45,6 +59,34 @@ void FieldView::SetPic(int i, int p)
         return;
     pictures[i - 1] = p;
     update(CellRect(i));
+    if (QAccessible::isActive()) {
+        changedCells.insert(i);
+        if (!announceTimer->isActive())
+            announceTimer->start();
+    }
+}
+
+void FieldView::AnnounceChangedCells()
+{
+    const std::set<int> cells = std::exchange(changedCells, {});
+    if (cells.empty() || !QAccessible::isActive())
+        return;
+    if (int(cells.size()) > MaxCellAnnouncements) {
+        QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::DataChanged);
+        event.setFirstRow((*cells.begin() - 1) / columns);
+        event.setLastRow((*cells.rbegin() - 1) / columns);
+        event.setFirstColumn(0);
+        event.setLastColumn(columns - 1);
+        QAccessible::updateAccessibility(&event);
+        return;
+    }
+    QAccessibleInterface *table = QAccessible::queryAccessibleInterface(this);
+    if (!table || !table->tableInterface())
+        return; // no cells to name without the game's accessibility factory
+    for (const int cell : cells) {
+        QAccessibleEvent event(table->child(cell - 1), QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 int FieldView::Pic(int i) const

@@ -5,10 +5,16 @@
 #include <QWidget>
 
 #include <array>
+#include <set>
+
+class QTimer;
 
 // The field: a grid of cells inside a 2-pixel sunken border, each cell showing one picture of
 // the cell set (1..15). Cells are numbered 1..NumCells row by row from the top. The view knows
 // nothing of the game: it shows the pictures it is given and reports presses on cells.
+// While assistive technology is active, changed cells are announced to it in batches, at most
+// one batch per AnnounceInterval, so a flood opening many cells does not swamp it; when none is
+// active nothing at all is done for it.
 class FieldView : public QWidget
 {
     Q_OBJECT
@@ -18,6 +24,10 @@ public:
     static constexpr int CellSize = 16;
     // Width of the sunken border on each side.
     static constexpr int BorderWidth = 2;
+    // Shortest time between two announcements of changed cells, in milliseconds.
+    static constexpr int AnnounceInterval = 100;
+    // A batch with more changed cells than this is announced as one change of the table.
+    static constexpr int MaxCellAnnouncements = 32;
 
     explicit FieldView(QWidget *parent = nullptr);
 
@@ -34,6 +44,8 @@ public:
     int FieldY() const { return rows; }
     // Where cell i (1..NumCells) is drawn, in this widget's coordinates.
     QRect CellRect(int i) const;
+    // The cell under a point in this widget's coordinates, or 0 on the border or outside.
+    int CellAt(QPoint point) const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -50,8 +62,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-    // The cell under a point, or 0 on the border.
-    int CellAt(QPoint point) const;
+    void AnnounceChangedCells();
 
     int columns = 0;
     int rows = 0;
@@ -59,4 +70,7 @@ private:
     int pressedIndex = 0;
     // The cell pictures, converted once: index p - 1 holds picture p.
     std::array<QPixmap, 15> cellPixmaps;
+    // Cells changed since the last announcement, and the timer that sends the next one.
+    std::set<int> changedCells;
+    QTimer *announceTimer;
 };

@@ -1,5 +1,6 @@
 #include "frmMine.h"
 
+#include "AccessibleNames.h"
 #include "Artwork.h"
 #include "CaptionTable.h"
 #include "Common.h"
@@ -224,6 +225,7 @@ void frmMine::mnuLang_Click()
     for (QAction *item : mnuDebug)
         item->setText(LoadString(++k));
     mnuWho->setText(LoadString(k + 1));
+    NameControls(pBomb, btnSmile, pT, field);
     // The captions of the other language may need another line of the menu bar.
     FitWindow();
 }
