@@ -100,7 +100,7 @@ void SettingsStore::Load()
     m_state = FileState::Whole;
     if (file.peek(3) == "\xEF\xBB\xBF")
         file.skip(3);
-    QByteArray buffer(MaxLineBytes, Qt::Uninitialized);
+    QByteArray buffer(MaxLineBytes + 1, Qt::Uninitialized); // readLine keeps one byte for a NUL
     Section *current = nullptr;
     while (!file.atEnd()) {
         if (file.pos() >= MaxReadBytes) {

@@ -21,8 +21,9 @@
 // Reading is forgiving and keeps whatever it can: a section that appears twice is merged into
 // the first, CRLF line ends and ';' comment lines are accepted, and anything else that the
 // game does not write makes the file Damaged but stops nothing: lines with neither a section
-// header nor '=' and values before the first header are skipped, as are lines of 1 MiB or
-// more; invalid UTF-8 becomes replacement characters; reading stops after 64 MiB.
+// header nor '=' and values before the first header are skipped, as are lines longer than
+// 1 MiB (line end included); invalid UTF-8 becomes replacement characters, and so do other
+// text encodings; a cut-off last line is read; reading stops after 64 MiB.
 //
 // The file is never lost by saving over it: a file that exists but cannot be read is never
 // written over, and the first save over a damaged file first keeps it, byte for byte, as
