@@ -17,6 +17,9 @@ const QString LevelKey = QStringLiteral("Level");
 const std::array<QString, 3> RecordSections = {QStringLiteral("Easy"), QStringLiteral("Medium"),
                                                QStringLiteral("Hard")};
 
+// False once start-up found a file it could not read: what that file holds is never written over.
+bool mayWriteFile = true;
+
 QString placeholderName(int row)
 {
     return QStringLiteral("Player") + QString::number(row + 1);
@@ -66,6 +69,15 @@ void deleteRecordSections(SettingsStore &store)
         store.DeleteSection(section);
 }
 
+// A file that was not read whole is saved with the game's own sections only; the save keeps
+// its original aside.
+void dropForeignSections(SettingsStore &store)
+{
+    if (store.State() == SettingsStore::FileState::Damaged)
+        store.KeepOnlySections(
+            {GameSection, RecordSections[0], RecordSections[1], RecordSections[2]});
+}
+
 void resetRecords(SettingsStore &store)
 {
     deleteRecordSections(store);
@@ -80,10 +92,12 @@ void resetRecords(SettingsStore &store)
 bool ReadSettings()
 {
     SettingsStore store(SettingsStore::DefaultFilePath());
+    mayWriteFile = store.State() != SettingsStore::FileState::Unreadable;
     listTables(store);
     const bool soundOn = booleanValue(store.Read(GameSection, SoundKey, QStringLiteral("Falso")));
     Common::Level = storedLevel(store.Read(GameSection, LevelKey, QStringLiteral("0")));
     if (store.List(RecordSections[0]).size() != int(RecordTable().size())) {
+        dropForeignSections(store);
         resetRecords(store);
         store.Save();
         listTables(store);
@@ -98,7 +112,10 @@ void WriteSettings(bool soundOn)
 
 void WriteSettings(bool soundOn, const QLocale &locale)
 {
+    if (!mayWriteFile)
+        return;
     SettingsStore store(SettingsStore::DefaultFilePath());
+    dropForeignSections(store);
     deleteRecordSections(store);
     // Rows go in by Append, not Write: a player holding several rows of one table keeps them all.
     for (std::size_t row = 0; row < RecordTable().size(); ++row) {

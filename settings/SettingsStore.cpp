@@ -1,20 +1,22 @@
 #include "SettingsStore.h"
 
+#include "AtomicFile.h"
 #include "IniEscaping.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QSaveFile>
 
 #include <algorithm>
 
 namespace {
 
-// Far more than the largest file the game writes (fifteen names of at most 32767 characters,
-// however escaped, stay under 4 MiB); a larger file is damaged and only its start is read.
-constexpr qint64 MaxReadBytes = 8 << 20;
+// Far more than the longest line the game writes (a name of at most 32767 characters, each
+// escaped to at most six bytes) and than the largest file (fifteen such names and their times).
+constexpr qint64 MaxLineBytes = 1 << 20;
+constexpr qint64 MaxReadBytes = 64 << 20;
 
 bool isBlank(QChar c)
 {
@@ -45,6 +47,24 @@ QStringView withoutRepeatMark(QStringView rawKey)
     return trimmed(rawKey.first(mark));
 }
 
+// Bytes the game never writes: invalid UTF-8, and control characters but tab and CR.
+bool isForeignText(QByteArrayView line)
+{
+    return !line.isValidUtf8() || std::any_of(line.begin(), line.end(), [](char c) {
+        return (uchar(c) < 0x20 && c != '\t' && c != '\r') || c == 0x7f;
+    });
+}
+
+// Reads on to just past the next line end, or as far as reading goes.
+void skipRestOfLine(QFile &file, QByteArray &buffer)
+{
+    while (!file.atEnd() && file.pos() < MaxReadBytes) {
+        const qint64 length = file.readLine(buffer.data(), buffer.size());
+        if (length <= 0 || buffer[length - 1] == '\n')
+            return;
+    }
+}
+
 } // namespace
 
 QString SettingsStore::DefaultFilePath()
@@ -60,46 +80,77 @@ SettingsStore::SettingsStore(QString filePath) : m_filePath(std::move(filePath))
     Load();
 }
 
+SettingsStore::FileState SettingsStore::State() const
+{
+    return m_state;
+}
+
 void SettingsStore::Load()
 {
-    // Only a regular file is opened: a folder or a pipe at this path would fail or block.
-    if (!QFileInfo(m_filePath).isFile())
+    const QFileInfo info(m_filePath);
+    if (!info.exists())
         return;
+    // Only a regular file is opened: a folder or a pipe at this path would fail or block.
+    if (!info.isFile())
+        return RefuseSaving(QStringLiteral("not a regular file"));
     QFile file(m_filePath);
     if (!file.open(QIODevice::ReadOnly))
-        return;
-    QByteArray bytes = file.read(MaxReadBytes);
-    if (!file.atEnd())
-        bytes.truncate(bytes.lastIndexOf('\n') + 1); // the cap may cut a line in two
+        return RefuseSaving(file.errorString());
 
-    QString text = QString::fromUtf8(bytes);
-    if (text.startsWith(QChar(0xFEFF)))
-        text.remove(0, 1);
+    m_state = FileState::Whole;
+    if (file.peek(3) == "\xEF\xBB\xBF")
+        file.skip(3);
+    QByteArray buffer(MaxLineBytes + 1, Qt::Uninitialized); // readLine keeps one byte for a NUL
     Section *current = nullptr;
-    for (qsizetype start = 0; start < text.size();) {
-        qsizetype end = text.indexOf(u'\n', start);
-        if (end < 0)
-            end = text.size();
-        AddLine(trimmed(QStringView(text).sliced(start, end - start)), current);
-        start = end + 1;
+    while (!file.atEnd()) {
+        if (file.pos() >= MaxReadBytes) {
+            m_state = FileState::Damaged;
+            return;
+        }
+        const qint64 length = file.readLine(buffer.data(), buffer.size());
+        if (length < 0)
+            return RefuseSaving(file.errorString());
+        QByteArrayView line(buffer.constData(), length);
+        bool understood = line.endsWith('\n'); // otherwise too long or cut off
+        if (understood) {
+            line.chop(1);
+        } else if (!file.atEnd()) {
+            skipRestOfLine(file, buffer);
+            m_state = FileState::Damaged;
+            continue;
+        }
+        understood = AddLine(trimmed(QString::fromUtf8(line)), current) && understood;
+        if (!understood || isForeignText(line))
+            m_state = FileState::Damaged;
     }
 }
 
-void SettingsStore::AddLine(QStringView line, Section *&current)
+void SettingsStore::RefuseSaving(const QString &reason)
+{
+    m_state = FileState::Unreadable;
+    m_sections.clear();
+    m_sectionIndex.clear();
+    qWarning("Velkaro: the settings file %s cannot be read (%s), so it is left untouched and "
+             "nothing of this game will be saved.",
+             qUtf8Printable(m_filePath), qUtf8Printable(reason));
+}
+
+bool SettingsStore::AddLine(QStringView line, Section *&current)
 {
     if (line.isEmpty() || line.front() == u';')
-        return;
+        return true;
     if (line.front() == u'[') {
         const qsizetype close = line.lastIndexOf(u']');
         const QStringView name = close > 0 ? line.sliced(1, close - 1) : line.sliced(1);
         current = &FindOrAdd(UnescapedIni(trimmed(name)));
-        return;
+        return close == line.size() - 1;
     }
     const qsizetype equals = IndexOfRaw(line, u'=');
     if (equals < 0 || current == nullptr)
-        return;
+        return false;
     const QStringView rawKey = withoutRepeatMark(trimmed(line.first(equals)));
     current->Entries.append({UnescapedIni(rawKey), UnescapedIni(trimmed(line.sliced(equals + 1)))});
+    return true;
 }
 
 const SettingsStore::Section *SettingsStore::Find(QStringView name) const
@@ -155,6 +206,18 @@ void SettingsStore::Append(const QString &section, const QString &key, const QSt
 void SettingsStore::DeleteSection(QStringView section)
 {
     m_sections.removeIf([section](const Section &candidate) { return candidate.Name == section; });
+    IndexSections();
+}
+
+void SettingsStore::KeepOnlySections(const QStringList &names)
+{
+    m_sections.removeIf(
+        [&names](const Section &candidate) { return !names.contains(candidate.Name); });
+    IndexSections();
+}
+
+void SettingsStore::IndexSections()
+{
     m_sectionIndex.clear();
     for (qsizetype i = 0; i < m_sections.size(); ++i)
         m_sectionIndex.insert(m_sections[i].Name, i);
@@ -180,20 +243,25 @@ QString SettingsStore::Text() const
     return text;
 }
 
-bool SettingsStore::Save() const
+bool SettingsStore::Save()
 {
-    if (!QDir().mkpath(QFileInfo(m_filePath).absolutePath()))
+    if (m_state == FileState::Unreadable || !QDir().mkpath(QFileInfo(m_filePath).absolutePath()))
         return false;
-    // QSaveFile writes a temporary file beside the target and renames it over the target only
-    // when everything was written, so a crash or a full disk leaves the old file whole.
-    QSaveFile file(m_filePath);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    // Without the explicit flush, a write error in QSaveFile's buffer would go unnoticed.
-    const QByteArray bytes = Text().toUtf8();
-    if (file.write(bytes) != bytes.size() || !file.flush()) {
-        file.cancelWriting(); // the temporary file goes with the QSaveFile
-        return false;
+    const QString damagedCopyPath = m_filePath + QStringLiteral(".damaged");
+    RemoveWriteLeftovers(m_filePath);
+    RemoveWriteLeftovers(damagedCopyPath);
+    if (m_state == FileState::Damaged) {
+        QFile original(m_filePath);
+        if (!original.open(QIODevice::ReadOnly) || !WriteFileAtomically(damagedCopyPath, original))
+            return false;
+        qWarning("Velkaro: the settings file %s was damaged; it is kept as it was in %s and "
+                 "written anew with the game's own settings.",
+                 qUtf8Printable(m_filePath), qUtf8Printable(damagedCopyPath));
     }
-    return file.commit();
+    QByteArray bytes = Text().toUtf8();
+    QBuffer source(&bytes);
+    if (!source.open(QIODevice::ReadOnly) || !WriteFileAtomically(m_filePath, source))
+        return false;
+    m_state = FileState::Whole;
+    return true;
 }

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 // The per-user settings file: named sections of text values, each addressed by a key.
@@ -17,11 +18,16 @@
 //   Key=Value
 //   Key #2=Value      (second value under the same key; #3 for the third, and so on)
 // Escaped keys never contain a raw '#', so the " #n" ending cannot be part of any key.
-// Reading is forgiving: the first 8 MiB of the file are read, lines with neither a section header
-// nor '=' are skipped, as are ';' comment lines and values before the first header; a section
-// that appears twice is merged into the first; CRLF line ends are accepted; invalid UTF-8
-// becomes replacement characters. Whatever cannot be read is simply missing from the store,
-// and the next Save writes a clean file.
+// Reading is forgiving and keeps whatever it can: a section that appears twice is merged into
+// the first, CRLF line ends and ';' comment lines are accepted, and anything else that the
+// game does not write makes the file Damaged but stops nothing: lines with neither a section
+// header nor '=' and values before the first header are skipped, as are lines longer than
+// 1 MiB (line end included); invalid UTF-8 becomes replacement characters, and so do other
+// text encodings; a cut-off last line is read; reading stops after 64 MiB.
+//
+// The file is never lost by saving over it: a file that exists but cannot be read is never
+// written over, and the first save over a damaged file first keeps it, byte for byte, as
+// "<file>.damaged" (one copy, replaced by the next damaged file). Each says so on stderr.
 class SettingsStore
 {
 public:
@@ -33,14 +39,23 @@ public:
         bool operator==(const Entry &) const = default;
     };
 
+    enum class FileState
+    {
+        Missing,    // nothing at the path: Save creates the file
+        Whole,      // every line read and understood
+        Damaged,    // read as far as it could be; Save keeps the original aside first
+        Unreadable, // something at the path that cannot be read: Save refuses
+    };
+
     // $XDG_CONFIG_HOME/Velkaro/Velkaro.ini, with $HOME/.config when the variable is unset, empty
     // or not an absolute path. Read from the environment at every call.
     static QString DefaultFilePath();
 
-    // Loads what can be read of the file at filePath. A missing, unreadable or damaged file,
-    // or something other than a regular file at that path, never fails: it gives an empty
-    // store or whatever parts of the file could be read.
+    // Loads what can be read of the file at filePath; never fails. An unreadable file, or
+    // something other than a regular file at that path, gives an empty store and a warning.
     explicit SettingsStore(QString filePath);
+
+    FileState State() const;
 
     // The first value stored under key, or defaultText when the key or its section is missing.
     QString Read(QStringView section, QStringView key, const QString &defaultText) const;
@@ -53,10 +68,14 @@ public:
     void Append(const QString &section, const QString &key, const QString &value);
     // Removes the section and its values; a missing section is no error.
     void DeleteSection(QStringView section);
+    // Removes every section whose name is not one of names.
+    void KeepOnlySections(const QStringList &names);
 
-    // Writes the whole store to the file in one atomic step, creating its folder when missing.
-    // Returns false, leaving any old file untouched, when the file cannot be written.
-    bool Save() const;
+    // Writes the whole store to the file in one atomic step, creating its folder when missing,
+    // and removes the temporary files that an earlier save cut short by a kill left beside it.
+    // Returns false, leaving any old file untouched, when the file cannot be written, was
+    // Unreadable, or was Damaged and its copy could not be kept. After a save the file is Whole.
+    bool Save();
 
     // The file content that Save writes.
     QString Text() const;
@@ -69,11 +88,14 @@ private:
     };
 
     void Load();
-    void AddLine(QStringView line, Section *&current);
+    void RefuseSaving(const QString &reason);
+    bool AddLine(QStringView line, Section *&current);
     const Section *Find(QStringView name) const;
     Section &FindOrAdd(const QString &name);
+    void IndexSections();
 
     QString m_filePath;
+    FileState m_state = FileState::Missing;
     QList<Section> m_sections;
     QHash<QString, qsizetype> m_sectionIndex; // position of each section in m_sections
 };
