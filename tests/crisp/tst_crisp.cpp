@@ -5,7 +5,6 @@
 #include "frmMine.h"
 
 #include <QApplication>
-#include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -18,13 +17,8 @@ class CrispTest : public QObject
     Q_OBJECT
 
 private slots:
-    void cellsDigitsAndFaceAreExactSquares();
-    void aboutBoxPicturesStaySharp();
+    void windowAndAboutBoxPicturesAreExactSquares();
     void themeIconsAreExactEnlargements();
-
-private:
-    RecordingWaveOutput sound;
-    ClockRandomSource random;
 };
 
 namespace {
@@ -34,11 +28,6 @@ constexpr int Scale = 2;
 QImage Argb(const QImage &image)
 {
     return image.convertToFormat(QImage::Format_ARGB32);
-}
-
-QImage Grab(QWidget *widget)
-{
-    return Argb(widget->grab().toImage());
 }
 
 // Whether `shot` shows `source` at `at` (in source pixels times `scale`), each opaque source
@@ -56,47 +45,37 @@ bool ShowsAsSquares(const QImage &shot, const QImage &source, QPoint at, int sca
     return true;
 }
 
-std::set<QRgb> Colours(const QImage &image)
-{
-    std::set<QRgb> colours;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            colours.insert(image.pixel(x, y));
-    }
-    return colours;
-}
-
 } // namespace
 
-void CrispTest::cellsDigitsAndFaceAreExactSquares()
+void CrispTest::windowAndAboutBoxPicturesAreExactSquares()
 {
     QCOMPARE(qApp->devicePixelRatio(), qreal(Scale));
+    RecordingWaveOutput sound;
+    ClockRandomSource random;
     frmMine window(sound, random);
     window.Form_Load();
     window.SetPic(1, 4);
-
-    const QImage field = Grab(window.findChild<QWidget *>(QStringLiteral("field")));
-    QCOMPARE(field.width(), (16 * 9 + 4) * Scale);
-    QVERIFY(ShowsAsSquares(field, PictureSet::IL().Image(4), QPoint(2, 2)));
-    QVERIFY(ShowsAsSquares(field, PictureSet::IL().Image(13), QPoint(2 + 16, 2)));
-    const QImage clock = Grab(window.findChild<QWidget *>(QStringLiteral("pT")));
-    QVERIFY(ShowsAsSquares(clock, PictureSet::ILD().Image(1), QPoint(32, 0)));
-    const QImage smile = Grab(window.findChild<QWidget *>(QStringLiteral("btnSmile")));
-    QVERIFY(ShowsAsSquares(smile, PictureSet::ILS().Image(4), QPoint(3, 2)));
-}
-
-void CrispTest::aboutBoxPicturesStaySharp()
-{
-    QPointer<frmAbout> about = new frmAbout;
-    about->show();
-    const QImage portrait = Grab(about->findChild<QWidget *>(QStringLiteral("Image1")));
-    QVERIFY(ShowsAsSquares(portrait, Argb(QImage(":/pictures/portrait.xpm")), QPoint(0, 0)));
+    frmAbout about(&window);
+    about.show();
+    // A control and the picture it shows where.
+    const std::tuple<QWidget *, QImage, QPoint> shown[] = {
+        {window.findChild<QWidget *>("field"), PictureSet::IL().Image(4), {2, 2}},
+        {window.findChild<QWidget *>("field"), PictureSet::IL().Image(13), {18, 2}},
+        {window.findChild<QWidget *>("pT"), PictureSet::ILD().Image(1), {32, 0}},
+        {window.findChild<QWidget *>("btnSmile"), PictureSet::ILS().Image(4), {3, 2}},
+        {about.findChild<QWidget *>("Image1"), Argb(QImage(":/pictures/portrait.xpm")), {0, 0}}};
+    for (const auto &[control, picture, at] : shown)
+        QVERIFY2(ShowsAsSquares(Argb(control->grab().toImage()), picture, at),
+                 qPrintable(control->objectName()));
 
     // The flag is stretched to its control by repeating pixels: only its own colours appear.
-    const std::set<QRgb> source = Colours(Argb(QImage(":/pictures/flag_italy.xpm")));
-    for (const QRgb colour : Colours(Grab(about->findChild<QWidget *>(QStringLiteral("flagI")))))
-        QVERIFY2(source.count(colour), qPrintable(QString::number(colour, 16)));
-    about->close();
+    std::set<QRgb> colours;
+    const QImage flag = Argb(QImage(":/pictures/flag_italy.xpm"));
+    for (int k = 0; k < flag.width() * flag.height(); ++k)
+        colours.insert(flag.pixel(k % flag.width(), k / flag.width()));
+    const QImage stretched = Argb(about.findChild<QWidget *>("flagI")->grab().toImage());
+    for (int k = 0; k < stretched.width() * stretched.height(); ++k)
+        QVERIFY(colours.count(stretched.pixel(k % stretched.width(), k / stretched.width())));
 }
 
 void CrispTest::themeIconsAreExactEnlargements()

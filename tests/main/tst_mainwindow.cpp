@@ -1,76 +1,52 @@
 #include "GameHarness.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <tuple>
 
-// The frame of the game window: layout, menus in both languages, keys, settings, the hall of
-// fame after a win, and the field view's report of presses.
+namespace {
+
+// Easy: nine bombs along the top row and one below its left end.
+const char *const TopRow = "*********\n*........\n.........\n.........\n.........\n"
+                           ".........\n.........\n.........\n.........";
+
+} // namespace
+
+// The frame of the game window: layout, menus in both languages, keys, levels, settings, the
+// hall of fame after a win, and the field view's report of presses.
 class tst_MainWindow : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void layoutFitsEachFieldAndKeepsThePlace();
-    void languageSwitchesThereAndBackTouchingNothingElse();
-    void cheatKeyTogglesDebugAndSmileyStartsAGame();
-    void settingsWrittenOnceAtCloseAndReadAtStart();
+    void menusCarryTheCaptionsOfTheLanguageTouchingNothingElse();
+    void cheatKeyNeedsShiftAndCtrlAndBeepsAndSmileyStartsAGame();
+    void levelChoicesFitTheWindowWithoutPlayingAndTheLevelIsStoredAtClose();
     void winOnPresetEntersRecordThroughBothDialogs();
     void newGameWaitingForAFloodWaitsForTheRecordDialogsToo();
     void fieldViewReportsPressesOnCellsOnly();
 };
 
-void tst_MainWindow::layoutFitsEachFieldAndKeepsThePlace()
+void tst_MainWindow::menusCarryTheCaptionsOfTheLanguageTouchingNothingElse()
 {
-    GameHarness game;
-    game.window.move(57, 31);
-    const QPoint place = game.window.pos();
-    // Level, columns, rows, field width and height, left edges of the smiley and the clock.
-    const int layouts[][7] = {{0, 9, 9, 148, 148, 61, 93},
-                              {1, 16, 16, 260, 260, 117, 205},
-                              {2, 30, 16, 484, 260, 229, 429},
-                              {3, 7, 7, 116, 116, 45, 61},
-                              {3, 49, 49, 788, 788, 381, 733}};
-    for (const auto &[level, columns, rows, width, height, smileLeft, clockLeft] : layouts) {
-        Common::Level = level;
-        Common::FieldX = columns;
-        Common::FieldY = rows;
-        game.window.DrawField();
-        QCOMPARE(game.Field()->geometry(), QRect(4, 32, width, height));
-        QCOMPARE(game.window.findChild<QWidget *>("box")->geometry(), QRect(4, 0, width, 33));
-        QCOMPARE(game.window.findChild<QAbstractButton *>("btnSmile")->x(), smileLeft);
-        QCOMPARE(game.window.findChild<QWidget *>("pT")->x(), clockLeft);
-        // The client area below the menu bar holds the panel and the field with 4-pixel margins.
-        const QRect client = game.window.centralWidget()->geometry();
-        QCOMPARE(client.size(), QSize(width + 8, height + 36));
-        QCOMPARE(client.top(), game.window.menuWidget()->geometry().bottom() + 1);
-        QCOMPARE(game.window.size(), QSize(client.width(), client.bottom() + 1));
-        QCOMPARE(game.window.pos(), place);
-        // All four menu bar items stay in sight, on a second line when the field is narrow.
-        int items = 0;
-        for (QMenuBar *line : game.window.menuWidget()->findChildren<QMenuBar *>()) {
-            for (QAction *item : line->actions())
-                items += line->rect().contains(line->actionGeometry(item));
-        }
-        QCOMPARE(items, 4);
-    }
-}
-
-void tst_MainWindow::languageSwitchesThereAndBackTouchingNothingElse()
-{
-    GameHarness game;
-    game.window.mnuProg_Click(0);
+    const QStringList names = QString("mnuGame mnuProg0 mnuProg1 mnuProg2 mnuProg3 mnuProg4 mnuLev "
+                                      "mnuLevel0 mnuLevel1 mnuLevel2 mnuLevel3 mnudbg mnuDebug0 "
+                                      "mnuDebug1 mnuWho mnuLang mnuAbout")
+                                  .split(u' ');
+    const char *const italian =
+        "Gioco|Nuova partita|Annulla partita|Suono|I Record...|Esci|Livello|"
+        "Facile|Medio|Difficile|Personalizzato...|Barare|Mostra celle|"
+        "Nascondi celle|A proposito...|English|?";
+    const char *const english = "Game|New|Abort|Sound|Hall of Fame...|Exit|Level|Easy|Medium|Hard|"
+                                "Custom...|Debug|Show cells|Hide cells|About...|Italiano|?";
+    GameHarness game(TopRow);
     QAction *sound = game.window.findChild<QAction *>("mnuProg2");
     QAction *debug = game.window.findChild<QMenu *>("mnudbg")->menuAction();
-    const char *const italian = "Gioco|Livello|?|English|A proposito...";
-    const char *const english = "Game|Level|?|Italiano|About...";
     // Start-up Italian, English, Italian again; before each switch the sound check mark and the
     // Debug menu change, and the switch must leave them so.
     for (int step = 0; step < 3; ++step) {
@@ -80,131 +56,187 @@ void tst_MainWindow::languageSwitchesThereAndBackTouchingNothingElse()
             game.window.findChild<QAction *>("mnuLang")->trigger();
         }
         QStringList captions;
-        for (const char *menu : {"mnuGame", "mnuLev", "mnuAbout"})
-            captions.append(game.window.findChild<QMenu *>(menu)->title());
-        for (const char *item : {"mnuLang", "mnuWho"})
-            captions.append(game.window.findChild<QAction *>(item)->text());
+        for (const QString &name : names) {
+            const auto *menu = game.window.findChild<QMenu *>(name);
+            captions << (menu ? menu->title() : game.window.findChild<QAction *>(name)->text());
+        }
         QCOMPARE(captions.join(u'|'), step == 1 ? english : italian);
-        QCOMPARE(sound->isChecked(), step == 1);
-        QCOMPARE(debug->isVisible(), step == 1);
+        QCOMPARE(game.window.windowTitle(), "Velkaro - GA1.03");
+        QCOMPARE(std::pair(sound->isChecked(), debug->isVisible()),
+                 std::pair(step == 1, step == 1));
         QVERIFY(game.ClockRunning());
     }
 }
 
-void tst_MainWindow::cheatKeyTogglesDebugAndSmileyStartsAGame()
+void tst_MainWindow::cheatKeyNeedsShiftAndCtrlAndBeepsAndSmileyStartsAGame()
 {
-    GameHarness game;
+    GameHarness game; // sound off
     game.window.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&game.window));
     const QAction *debug = game.window.findChild<QMenu *>("mnudbg")->menuAction();
-    // F12 alone does nothing; each Shift+Ctrl+F12, with or without Alt, shows or hides.
+    // The modifiers with F12, and the Debug menu and the beeps after it.
     const Qt::KeyboardModifiers shiftCtrl = Qt::ShiftModifier | Qt::ControlModifier;
-    int press = 0;
-    for (const Qt::KeyboardModifiers modifiers :
-         {Qt::KeyboardModifiers(), shiftCtrl, shiftCtrl, shiftCtrl | Qt::AltModifier,
-          shiftCtrl | Qt::AltModifier}) {
+    const std::tuple<Qt::KeyboardModifiers, bool, int> presses[] = {
+        {{}, false, 0},
+        {Qt::ShiftModifier, false, 0},
+        {Qt::ControlModifier, false, 0},
+        {shiftCtrl, true, 1},
+        {shiftCtrl, false, 2},
+        {shiftCtrl | Qt::AltModifier, true, 3},
+        {shiftCtrl | Qt::AltModifier, false, 4}};
+    for (const auto &[modifiers, shown, beeps] : presses) {
         QTest::keyClick(game.Field(), Qt::Key_F12, modifiers);
-        QCOMPARE(debug->isVisible(), press++ % 2 == 1);
+        QCOMPARE(std::pair(debug->isVisible(), game.window.Beeps), std::pair(shown, beeps));
     }
 
     QTest::mouseClick(game.window.findChild<QAbstractButton *>("btnSmile"), Qt::LeftButton);
     QCOMPARE(QApplication::focusWidget(), game.window.findChild<QWidget *>("pBomb"));
-    QCOMPARE(game.Clock(), "300");
-    QVERIFY(game.ClockRunning());
+    QCOMPARE(game.Status(), "10 300 face4 ticking levels-off");
 }
 
-void tst_MainWindow::settingsWrittenOnceAtCloseAndReadAtStart()
+void tst_MainWindow::levelChoicesFitTheWindowWithoutPlayingAndTheLevelIsStoredAtClose()
 {
     {
         GameHarness game;
         QVERIFY(game.sound.Played.isEmpty());
+        game.window.move(57, 31);
+        const QPoint place = game.window.pos();
+        // The custom dialog shows the field in force; OK takes the typed size, Cancel does not.
+        const QList<QStringList> answers{{"7", "7", "8", "btnOk"},
+                                         {"49", "49", "300", "btnOk"},
+                                         {"20", "20", "40", "btnCancel"}};
+        QString seen;
+        int answered = 0;
+        game.AnswerDialogs([&](QWidget *dialog) {
+            const QStringList answer = answers.value(answered++);
+            seen = dialog->objectName();
+            for (int box = 0; box < 3; ++box) {
+                auto *text = dialog->findChild<QLineEdit *>(QStringList{"txX", "txY", "txB"}[box]);
+                seen += u' ' + text->text();
+                text->setText(answer.value(box));
+            }
+            dialog->findChild<QAbstractButton *>(answer.value(3, "btnCancel"))->click();
+        });
+        // The level chosen, the dialog seen, the field's width and height and the left edges of
+        // the smiley and the clock, and the counters of a new game there (more than 99 bombs
+        // show 99; a custom field keeps the time of the last preset).
+        const std::tuple<int, QString, std::array<int, 4>, QString> choices[] = {
+            {0, "", {148, 148, 61, 93}, "10 300"},
+            {1, "", {260, 260, 117, 205}, "40 600"},
+            {2, "", {484, 260, 229, 429}, "99 900"},
+            {3, "frmCustom 30 16 99", {116, 116, 45, 61}, "08 900"},
+            {3, "frmCustom 7 7 8", {788, 788, 381, 733}, "99 900"},
+            {3, "frmCustom 49 49 300", {788, 788, 381, 733}, "99 900"}};
+        for (const auto &[level, dialog, layout, counters] : choices) {
+            const auto [width, height, smileLeft, clockLeft] = layout;
+            seen.clear();
+            game.window.mnuLevel_Click(level);
+            QCOMPARE(seen, dialog);
+            QCOMPARE(game.Status(), "00 000 face4 stopped levels-on");
+            QCOMPARE(game.Field()->geometry(), QRect(4, 32, width, height));
+            QCOMPARE(game.window.findChild<QWidget *>("box")->geometry(), QRect(4, 0, width, 33));
+            QCOMPARE(QPoint(game.window.findChild<QWidget *>("btnSmile")->x(),
+                            game.window.findChild<QWidget *>("pT")->x()),
+                     QPoint(smileLeft, clockLeft));
+            // The client area below the menu bar holds the panel and the field with 4-pixel
+            // margins; the window keeps its place.
+            const QRect client = game.window.centralWidget()->geometry();
+            QCOMPARE(client.size(), QSize(width + 8, height + 36));
+            QCOMPARE(client.top(), game.window.menuWidget()->geometry().bottom() + 1);
+            QCOMPARE(std::pair(game.window.pos(), game.window.size()),
+                     std::pair(place, QSize(client.width(), client.bottom() + 1)));
+            // All four menu bar items stay in sight, on a second line when the field is narrow.
+            int items = 0;
+            for (QMenuBar *line : game.window.menuWidget()->findChildren<QMenuBar *>()) {
+                for (QAction *item : line->actions())
+                    items += line->rect().contains(line->actionGeometry(item));
+            }
+            QCOMPARE(items, 4);
+            game.window.mnuProg_Click(0);
+            QCOMPARE(game.Status(), counters + " face4 ticking levels-off");
+            game.window.mnuProg_Click(1);
+        }
         game.window.mnuProg_Click(2);
-        game.window.mnuLevel_Click(Common::LevelHard);
         QFile::remove(IniPath); // start-up has already saved fresh tables
         game.window.close();
-        QVERIFY(QFile::exists(IniPath));
-        // Not written again: the next start finds the state at the first close.
-        game.window.show();
-        game.window.mnuLevel_Click(Common::LevelMedium);
-        game.window.mnuProg_Click(4);
+        QFile ini(IniPath);
+        QVERIFY(ini.open(QIODevice::ReadOnly) && ini.readAll().contains("\nLevel=3"));
     }
-    RecordingWaveOutput sound;
-    ClockRandomSource random;
-    frmMine window(sound, random);
-    window.Form_Load();
-    QCOMPARE(sound.Played, QList<int>({103}));
-    QCOMPARE(window.findChild<FieldView *>("field")->FieldX(), 30);
+    // A stored Custom level starts on Easy; a stored Hard one on Hard.
+    for (const auto &[level, columns] : {std::pair{"\nLevel=3", 9}, {"\nLevel=2", 30}}) {
+        QFile ini(IniPath);
+        QVERIFY(ini.open(QIODevice::ReadWrite));
+        const QByteArray text = ini.readAll().replace("\nLevel=3", level);
+        ini.resize(0);
+        ini.write(text);
+        ini.close();
+        RecordingWaveOutput sound;
+        ClockRandomSource random;
+        frmMine window(sound, random);
+        window.Form_Load();
+        QCOMPARE(sound.Played, QList<int>({103}));
+        QCOMPARE(window.findChild<FieldView *>("field")->FieldX(), columns);
+    }
 }
 
 void tst_MainWindow::winOnPresetEntersRecordThroughBothDialogs()
 {
-    // Easy: nine bombs along the top row and one below its left end.
-    const char *const topRow = "*********\n*........\n.........\n.........\n.........\n"
-                               ".........\n.........\n.........\n.........";
-    // The name the dialog is given; what the dialogs showed: the name dialog's title, then the
-    // hall of fame's title and its first row.
-    using Win = std::tuple<bool, bool, QString, int, QStringList>; // English, a record
-    const Win wins[] = {
-        {false, true, "Ada", 3, {"Nome giocatore", " VETRINA DEI RECORD", "Ada", "3"}},
-        {true, true, "", 0, {"Player Name", " HALL OF FAME", "", "0"}},
-        {false, false, "Ada", 2, {}}}; // every stored time is faster: no dialog
-    for (const auto &[english, record, name, seconds, seen] : wins) {
+    // The name typed and the seconds taken; the titles of the dialogs shown and the Easy table
+    // after the win, as the hall of fame shows it.
+    const std::tuple<bool, QString, int, QString, QString> wins[] = {
+        {false, "Ada", 3, "Nome giocatore| VETRINA DEI RECORD", "A=1 Ada=3 B=5 C=9 D=20"},
+        {true, "", 0, "Player Name| HALL OF FAME", "=0 A=1 B=5 C=9 D=20"},
+        {false, "Ada", 30, "", "A=1 B=5 C=9 D=20 E=30"}}; // equal to the last time: no record
+    for (const auto &[english, name, seconds, titles, table] : wins) {
         GameHarness game;
         if (english)
             game.window.mnuLang_Click();
-        if (!record)
-            Common::EasyRecords.fill({"Fast", "1"});
-        game.NewGame(topRow, Common::LevelEasy);
+        Common::EasyRecords = {
+            RecordRow{"A", "1"}, {"B", "5"}, {"C", "9"}, {"D", "20"}, {"E", "30"}};
+        game.NewGame(TopRow, Common::LevelEasy);
         game.Ticks(seconds);
         QStringList shown;
-        QTimer answer;
-        connect(&answer, &QTimer::timeout, [&] {
-            if (QWidget *dialog = QApplication::activeModalWidget()) {
-                shown.append(dialog->windowTitle());
-                if (auto *text = dialog->findChild<QLineEdit *>("txPlayer")) {
-                    text->setText(name);
-                } else {
-                    shown << dialog->findChild<QLabel *>("pl1(0)")->text()
-                          << dialog->findChild<QLabel *>("sc1(0)")->text();
-                }
-                dialog->findChild<QAbstractButton *>("btnClose")->click();
+        QStringList fame;
+        game.AnswerDialogs([&](QWidget *dialog) {
+            shown.append(dialog->windowTitle());
+            const auto label = [dialog](const char *name, int row) {
+                return dialog->findChild<QLabel *>(QStringLiteral("%1(%2)").arg(name).arg(row))
+                    ->text();
+            };
+            if (auto *text = dialog->findChild<QLineEdit *>("txPlayer")) {
+                text->setText(name);
+            } else {
+                for (int row = 0; row < 5; ++row)
+                    fame << label("pl1", row) + u'=' + label("sc1", row);
             }
+            dialog->findChild<QAbstractButton *>("btnClose")->click();
         });
-        answer.start(10);
-        for (int x = 1; x <= 9; ++x)
-            game.Press(x, 1, Qt::RightButton);
-        game.Press(1, 2, Qt::RightButton);
+        game.Play("R1,1 R2,1 R3,1 R4,1 R5,1 R6,1 R7,1 R8,1 R9,1 R1,2");
         QCOMPARE(game.Face(), 1);
-        QCOMPARE(shown, seen);
-        QCOMPARE(Common::EasyRecords[0],
-                 (record ? RecordRow{name, QString::number(seconds)} : RecordRow{"Fast", "1"}));
+        QCOMPARE(shown.join(u'|'), titles);
+        QStringList stored;
+        for (const RecordRow &row : Common::EasyRecords)
+            stored << row.Name + u'=' + row.Time;
+        QCOMPARE(stored.join(u' '), table);
+        QCOMPARE(fame.join(u' '), titles.isEmpty() ? "" : table);
     }
 }
 
 void tst_MainWindow::newGameWaitingForAFloodWaitsForTheRecordDialogsToo()
 {
     GameHarness game;
-    game.NewGame("*********\n*........\n.........\n.........\n.........\n"
-                 ".........\n.........\n.........\n.........",
-                 Common::LevelEasy);
+    game.NewGame(TopRow, Common::LevelEasy);
     game.Press(9, 9);
     game.window.mnuProg_Click(0);
     // The flood ends while the dialogs are open; the new game must not start under them.
     QStringList clockUnderDialogs;
-    QTimer answer;
-    connect(&answer, &QTimer::timeout, [&] {
-        if (QWidget *dialog = QApplication::activeModalWidget()) {
-            clockUnderDialogs.append(game.ClockRunning() ? "running" : "stopped");
-            dialog->findChild<QAbstractButton *>("btnClose")->click();
-        }
+    game.AnswerDialogs([&](QWidget *dialog) {
+        clockUnderDialogs.append(game.ClockRunning() ? "running" : "stopped");
+        dialog->findChild<QAbstractButton *>("btnClose")->click();
     });
-    answer.start(20);
-    for (int x = 1; x <= 9; ++x)
-        game.Press(x, 1, Qt::RightButton);
-    game.Press(1, 2, Qt::RightButton);
+    game.Right({{1, 1}, {2, 1}, {3, 1}, {4, 1}, {5, 1}, {6, 1}, {7, 1}, {8, 1}, {9, 1}, {1, 2}});
     QCOMPARE(clockUnderDialogs, QStringList({"stopped", "stopped"}));
-    QTRY_VERIFY(game.ClockRunning() && game.Face() == 4);
-    QVERIFY(!game.window.findChild<QMenu *>("mnuLev")->menuAction()->isEnabled());
+    QTRY_COMPARE(game.Status(), "10 300 face4 ticking levels-off");
 }
 
 void tst_MainWindow::fieldViewReportsPressesOnCellsOnly()
