@@ -1,11 +1,7 @@
 #include "Artwork.h"
 #include "PictureSet.h"
-#include "WaveResource.h"
 
-#include <QtEndian>
 #include <QtTest>
-
-#include <SDL.h>
 
 class tst_assets : public QObject
 {
@@ -53,40 +49,6 @@ private slots:
                 QCOMPARE(qAlpha(face.pixel(corner)), 0);
             QCOMPARE(qAlpha(face.pixel(10, 10)), 255);
         }
-    }
-
-    // Rate, samples and the format chunk's size; 103 leaves its pad byte out of the RIFF
-    // length and 105 has two bytes beyond its RIFF chunk. The bytes are read the way the game
-    // reads them, with SDL's wave loader.
-    void wavesKeepTheirBytesAndSdlReadsThem()
-    {
-        const int waves[][6] = {{101, 744, 22050, 698, 18, 736},
-                                {102, 7708, 8000, 7605, 16, 7700},
-                                {103, 9176, 8000, 9131, 16, 9167},
-                                {104, 6396, 8000, 6352, 16, 6388},
-                                {105, 100, 22050, 53, 16, 90}};
-        for (const auto &[id, fileSize, rate, samples, fmtSize, riffLength] : waves) {
-            const QByteArray bytes = WaveResource(id);
-            QCOMPARE(bytes.left(4) + bytes.mid(8, 8) + bytes.mid(20 + fmtSize, 4),
-                     "RIFFWAVEfmt data");
-            const auto word = [&](qsizetype at) {
-                return qFromLittleEndian<quint32>(bytes.data() + at);
-            };
-            QCOMPARE(QList<quint32>({quint32(bytes.size()), word(4), word(16), word(24 + fmtSize)}),
-                     QList<quint32>({quint32(fileSize), quint32(riffLength), quint32(fmtSize),
-                                     quint32(samples)}));
-            SDL_AudioSpec format{};
-            Uint8 *buffer = nullptr;
-            Uint32 length = 0;
-            QVERIFY2(SDL_LoadWAV_RW(SDL_RWFromConstMem(bytes.data(), int(bytes.size())), 1, &format,
-                                    &buffer, &length),
-                     SDL_GetError());
-            SDL_FreeWAV(buffer);
-            QCOMPARE(std::tuple(format.freq, format.format, format.channels, length),
-                     std::tuple(rate, SDL_AudioFormat(AUDIO_U8), Uint8(1), Uint32(samples)));
-        }
-        // After the odd sample count and its pad byte.
-        QCOMPARE(WaveResource(102).mid(44 + 7605 + 1, 4), "LIST");
     }
 };
 

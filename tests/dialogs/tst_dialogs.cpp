@@ -104,27 +104,25 @@ private slots:
             {"callout", {-4, 100, 200, 140}}, {"lI3", {15, 180, 133, 45}}};
         QDialog *dialog = nullptr;
         for (const auto &[name, place] : places) {
-            if (name.startsWith("frm")) {
-                dialog = Make(name, &owner);
-                QCOMPARE(std::pair(dialog->minimumSize(), dialog->rect()),
-                         std::pair(dialog->maximumSize(), place));
-            } else {
-                QCOMPARE(dialog->findChild<QWidget *>(name)->geometry(), place);
-            }
+            dialog = name.startsWith("frm") ? Make(name, &owner) : dialog;
+            QCOMPARE(name.startsWith("frm") ? dialog->rect()
+                                            : dialog->findChild<QWidget *>(name)->geometry(),
+                     place);
+            QCOMPARE(dialog->minimumSize(), dialog->maximumSize());
         }
-        const std::pair<QString, QStringList> captioned[] = {
-            {"frmCustom", {"Label1", "Label3", "btnCancel"}},
-            {"frmFame", {"Frame1", "Frame3", "btnCancel"}},
-            {"frmPlayer", {"Label1"}},
-            {"frmAbout", {}}};
+        // Each dialog's title, then the captions of the controls named.
+        const QStringList captioned[] = {{"frmCustom", "Label1", "Label3", "btnCancel"},
+                                         {"frmFame", "Frame1", "Frame3", "btnCancel"},
+                                         {"frmPlayer", "Label1"},
+                                         {"frmAbout"}};
         for (const bool english : {true, false}) {
             Common::LangEnglish = english;
             QStringList shown;
-            for (const auto &[name, controls] : captioned) {
-                dialog = Make(name, &owner);
+            for (const QStringList &names : captioned) {
+                dialog = Make(names[0], &owner);
                 shown << dialog->windowTitle();
-                for (const QString &control : controls)
-                    shown << Caption(dialog, control);
+                for (const QString &name : names.mid(1))
+                    shown << Caption(dialog, name);
             }
             QCOMPARE(shown.join('|'),
                      english
@@ -139,42 +137,32 @@ private slots:
     void customTakesValuesWithinLimitsOnOkOrEnterAndNothingOnCancel()
     {
         QWidget owner;
-        const auto field = [] { return QList<int>{Common::FieldX, Common::FieldY, Common::Bombs}; };
-        // Fills in columns, rows and bombs without moving the focus.
-        const auto type = [](QDialog *dialog, const QStringList &typed) {
+        // Columns, rows and bombs typed, then OK, Cancel or Enter; the columns, rows and bombs
+        // taken, from 9, 9 and 10. Texts are read by their leading number and rounded halves to
+        // even; a number too large for 32 bits is rejected.
+        const QStringList cases =
+            QString(
+                "7|7|7|Ok 7 7 7; 7|7|8|Ok 7 7 8; 7|7|9|Ok 7 7 10; 6|7|7|Ok 9 7 7; "
+                "7|6|8|Ok 7 9 8; 49|49|479|Ok 49 49 479; 49|49|480|Ok 49 49 10; "
+                "50|20|30|Ok 9 20 30; 7.5|8.5|8|Ok 8 8 8; 6.5|9|12|Ok 9 9 12; "
+                "49.5|49.5|10|Ok 9 9 10; |||Ok 9 9 10; 1e1| 12abc|8,9|Ok 10 12 8; "
+                "4294967303|1e400|-8|Ok 9 9 10; 20|20|40|Cancel 9 9 10; 12|14|20|Enter 12 14 20")
+                .split("; ");
+        for (const QString &entry : cases) {
+            init();
+            const QStringList typed = entry.section(u' ', 0, -4).split(u'|');
+            QPointer<QDialog> dialog = Make("frmCustom", &owner);
             for (int box = 0; box < 3; ++box)
                 dialog->findChild<QLineEdit *>(QStringList{"txX", "txY", "txB"}[box])
                     ->setText(typed[box]);
-        };
-        // Columns, rows and bombs typed, then OK, Cancel or Enter; FieldX, FieldY and Bombs after.
-        const std::tuple<QStringList, const char *, QList<int>> cases[] = {
-            {{"7", "7", "7"}, "btnOk", {7, 7, 7}},
-            {{"7", "7", "8"}, "btnOk", {7, 7, 8}},
-            {{"7", "7", "9"}, "btnOk", {7, 7, 10}},
-            {{"6", "7", "7"}, "btnOk", {9, 7, 7}},
-            {{"7", "6", "8"}, "btnOk", {7, 9, 8}},
-            {{"49", "49", "479"}, "btnOk", {49, 49, 479}},
-            {{"49", "49", "480"}, "btnOk", {49, 49, 10}},
-            {{"50", "20", "30"}, "btnOk", {9, 20, 30}},
-            {{"7.5", "8.5", "8"}, "btnOk", {8, 8, 8}},
-            {{"6.5", "9", "12"}, "btnOk", {9, 9, 12}},
-            {{"49.5", "49.5", "10"}, "btnOk", {9, 9, 10}},
-            {{"", "", ""}, "btnOk", {9, 9, 10}},
-            {{"20", "20", "40"}, "btnCancel", {9, 9, 10}},
-            {{"12", "14", "20"}, "", {12, 14, 20}}};
-        for (const auto &[typed, button, expected] : cases) {
-            init();
-            QPointer<QDialog> dialog = Make("frmCustom", &owner);
-            if (*button) {
-                type(dialog, typed);
-                QTest::mouseClick(dialog->findChild<QWidget *>(button), Qt::LeftButton);
-            } else {
-                QVERIFY(!StaysOpen(dialog, [&] {
-                    type(dialog, typed);
-                    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-                }));
-            }
-            QVERIFY2(field() == expected && Gone(dialog), qPrintable(typed.join(" / ")));
+            if (typed[3] == "Enter")
+                QVERIFY(!StaysOpen(
+                    dialog, [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }));
+            else
+                QTest::mouseClick(dialog->findChild<QWidget *>("btn" + typed[3]), Qt::LeftButton);
+            QVERIFY(Gone(dialog));
+            QCOMPARE(QString::asprintf("%d %d %d", Common::FieldX, Common::FieldY, Common::Bombs),
+                     entry.section(u' ', -3));
         }
     }
 

@@ -20,6 +20,19 @@ int OpenIn(const GameHarness &game, int first, int last)
     return open;
 }
 
+// The cells a flood from (x, y) opens, in order: plain recursion that opens a covered cell
+// and, when it is empty, visits its neighbours row by row around it.
+void RecursiveFlood(Minefield &field, int x, int y, QList<int> &opened)
+{
+    Cell &cell = field.Cells(x, y);
+    if (cell.Opened)
+        return;
+    cell.Opened = true;
+    opened.append(field.Idx2Vect(x, y));
+    for (int k = 0; cell.Count == 0 && k < 9; ++k)
+        RecursiveFlood(field, x + k % 3 - 1, y + k / 3 - 1, opened);
+}
+
 } // namespace
 
 // Presses on cells, the counters, the clock and the sounds through two games and the ends of
@@ -136,6 +149,9 @@ void tst_MainPlay::gamesOnTheLeftWall()
 void tst_MainPlay::floodsRunCellByCellNewestFirstAndNewFieldsWait()
 {
     GameHarness game(TwoRegions);
+    Minefield copy = game.window.Field();
+    QList<int> walk; // of region A from (1, 1)
+    RecursiveFlood(copy, 1, 1, walk);
     // A press in B while A floods: A waits until B has ended. New game, Level and the smiley
     // wait for both floods and are carried out together; the time-out ends the game at once.
     game.Ticks(299);
@@ -146,17 +162,19 @@ void tst_MainPlay::floodsRunCellByCellNewestFirstAndNewFieldsWait()
     game.window.btnSmile_Click();
     game.Ticks(1);
     QCOMPARE(game.Status(), "07 000 face2 stopped levels-on");
-    bool aWaited = true, aResumedAfterB = false, bothShown = false;
+    bool inWalkOrder = true, aWaited = true, aResumedAfterB = false, bothShown = false;
     int turns = 0;
     for (; game.Field()->FieldX() == 12 && turns < 10000; ++turns) {
         const int a = OpenIn(game, 1, 5);
         const int b = OpenIn(game, 7, 12);
+        for (int k = 0; k < a; ++k)
+            inWalkOrder = inWalkOrder && game.Field()->Pic(walk[k]) != 13;
         aWaited = aWaited && (b == 6 * 7 || a == 1);
         aResumedAfterB = aResumedAfterB || (b == 6 * 7 && a < 5 * 7);
         bothShown = bothShown || (a == 5 * 7 && b == 6 * 7);
         QCoreApplication::processEvents();
     }
-    QVERIFY(bothShown && aWaited && aResumedAfterB);
+    QVERIFY(inWalkOrder && bothShown && aWaited && aResumedAfterB);
     QVERIFY2(turns > 50, "the regions appeared in a few turns, not cell by cell");
     QCOMPARE(game.Pictures().count(u'#'), 256);
     QCOMPARE(game.Status(), "40 600 face4 ticking levels-off");
