@@ -23,6 +23,13 @@ namespace {
 
 constexpr int Scale = 2;
 
+// Before the application starts: a screen that doubles, and settings of the test's own.
+[[maybe_unused]] const bool Prepared = [] {
+    static QTemporaryDir config;
+    return qputenv("QT_SCALE_FACTOR", QByteArray::number(Scale)) &&
+           qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
+}();
+
 QImage Argb(const QImage &image)
 {
     return image.convertToFormat(QImage::Format_ARGB32);
@@ -78,14 +85,5 @@ void CrispTest::themeIconsAreExactEnlargements()
     }
 }
 
-int main(int argc, char *argv[])
-{
-    qputenv("QT_SCALE_FACTOR", QByteArray::number(Scale));
-    QTemporaryDir config; // the window reads its settings: never the player's own
-    qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
-    QApplication app(argc, argv);
-    CrispTest test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(CrispTest)
 #include "tst_crisp.moc"

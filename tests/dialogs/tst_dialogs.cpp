@@ -50,10 +50,11 @@ bool StaysOpen(QDialog *opened, const std::function<void()> &whileOpen)
     return open;
 }
 
-// A control's caption: a frame's title, anything else's text.
-QString Caption(const QWidget *dialog, const QString &name)
+// What a control shows: a window's title, a frame's title, anything else's text.
+QString Caption(const QWidget *control)
 {
-    const QWidget *control = dialog->findChild<QWidget *>(name);
+    if (control->isWindow())
+        return control->windowTitle();
     return control->property(qobject_cast<const QGroupBox *>(control) ? "title" : "text")
         .toString();
 }
@@ -69,7 +70,8 @@ QStringList Rows(const QWidget *fame = nullptr)
     for (int row = 0; row < 15; ++row) {
         const QString index = QStringLiteral("%1(%2)").arg(row / 5 + 1).arg(row % 5);
         const RecordRow &stored = (*Tables[row / 5])[row % 5];
-        rows << (fame ? Caption(fame, "pl" + index) + '|' + Caption(fame, "sc" + index)
+        rows << (fame ? Caption(fame->findChild<QWidget *>("pl" + index)) + '|' +
+                            Caption(fame->findChild<QWidget *>("sc" + index))
                       : stored.Name + '|' + stored.Time);
     }
     return rows;
@@ -94,43 +96,39 @@ private slots:
     void controlsSitAtTheirPlacesWithTheCaptionsOfTheLanguage()
     {
         QWidget owner;
-        const std::pair<QString, QRect> places[] = {
-            {"frmCustom", {0, 0, 185, 145}},  {"btnOk", {124, 120, 53, 17}},
-            {"txB", {108, 72, 37, 19}},       {"frmFame", {0, 0, 465, 205}},
-            {"Frame3", {312, 8, 141, 153}},   {"sc1(4)", {100, 124, 29, 17}},
-            {"btnClose", {396, 172, 57, 21}}, {"frmPlayer", {0, 0, 203, 59}},
-            {"txPlayer", {56, 20, 105, 19}},  {"frmAbout", {0, 0, 326, 232}},
-            {"Image1", {160, 44, 200, 160}},  {"nose", {188, 92, 22, 22}},
-            {"callout", {-4, 100, 200, 140}}, {"lI3", {15, 180, 133, 45}}};
-        QDialog *dialog = nullptr;
-        for (const auto &[name, place] : places) {
-            dialog = name.startsWith("frm") ? Make(name, &owner) : dialog;
-            QCOMPARE(name.startsWith("frm") ? dialog->rect()
-                                            : dialog->findChild<QWidget *>(name)->geometry(),
-                     place);
-            QCOMPARE(dialog->minimumSize(), dialog->maximumSize());
-        }
-        // Each dialog's title, then the captions of the controls named.
-        const QStringList captioned[] = {{"frmCustom", "Label1", "Label3", "btnCancel"},
-                                         {"frmFame", "Frame1", "Frame3", "btnCancel"},
-                                         {"frmPlayer", "Label1"},
-                                         {"frmAbout"}};
+        // Each dialog, then controls in it: the place and what it shows in English|Italian.
+        const std::tuple<QString, QRect, QString> controls[] = {
+            {"frmCustom", {0, 0, 185, 145}, "Custom game|Personalizza"},
+            {"btnOk", {124, 120, 53, 17}, "OK|OK"},
+            {"Label1", {8, 20, 85, 13}, "Horizontal size|Caselle orizzontali"},
+            {"Label3", {8, 76, 85, 13}, "Number of bombs|Numero di bombe"},
+            {"txB", {108, 72, 37, 19}, "10|10"},
+            {"btnCancel", {8, 120, 53, 17}, "Cancel|Annulla"},
+            {"frmFame", {0, 0, 465, 205}, " HALL OF FAME| VETRINA DEI RECORD"},
+            {"Frame1", {8, 8, 141, 153}, "Easy|Facile"},
+            {"Frame3", {312, 8, 141, 153}, "Hard|Difficile"},
+            {"sc1(4)", {100, 124, 29, 17}, "999|999"},
+            {"btnCancel", {8, 172, 141, 21}, "Clear Records|Cancella i Records"},
+            {"btnClose", {396, 172, 57, 21}, "OK|OK"},
+            {"frmPlayer", {0, 0, 203, 59}, "Player Name|Nome giocatore"},
+            {"Label1", {4, 22, 50, 17}, "Player|Giocatore"},
+            {"txPlayer", {56, 20, 105, 19}, "Anonymous|Anonimo"},
+            {"frmAbout", {0, 0, 326, 232}, "Who I am|Who I am"},
+            {"Image1", {160, 44, 200, 160}, "|"},
+            {"nose", {188, 92, 22, 22}, "|"},
+            {"callout", {-4, 100, 200, 140}, "|"}};
         for (const bool english : {true, false}) {
             Common::LangEnglish = english;
-            QStringList shown;
-            for (const QStringList &names : captioned) {
-                dialog = Make(names[0], &owner);
-                shown << dialog->windowTitle();
-                for (const QString &name : names.mid(1))
-                    shown << Caption(dialog, name);
+            QDialog *dialog = nullptr;
+            for (const auto &[name, place, captions] : controls) {
+                dialog = name.startsWith("frm") ? Make(name, &owner) : dialog;
+                const QWidget *control =
+                    name.startsWith("frm") ? dialog : dialog->findChild<QWidget *>(name);
+                QCOMPARE(control->isWindow() ? control->rect() : control->geometry(), place);
+                QCOMPARE(dialog->minimumSize(), dialog->maximumSize());
+                if (captions != "|")
+                    QCOMPARE(Caption(control), captions.section(u'|', !english, !english));
             }
-            QCOMPARE(shown.join('|'),
-                     english
-                         ? "Custom game|Horizontal size|Number of bombs|Cancel| HALL OF FAME|Easy|"
-                           "Hard|Clear Records|Player Name|Player|Who I am"
-                         : "Personalizza|Caselle orizzontali|Numero di bombe|Annulla|"
-                           " VETRINA DEI RECORD|Facile|Difficile|Cancella i Records|"
-                           "Nome giocatore|Giocatore|Who I am");
         }
     }
 
@@ -201,19 +199,17 @@ private slots:
             Common::LangEnglish = english;
             const QString proposal = english ? "Anonymous" : "Anonimo";
             // The keys typed right after each opening, and the name held afterwards.
-            const std::pair<QString, QString> openings[] = {{"Zoe\r", "Zoe"},
-                                                            {"\b\r", ""},
-                                                            {"   \r", "   "},
-                                                            {"x\x1b", "   "},
-                                                            {"\r", proposal}};
-            for (const auto &[keys, name] : openings) {
+            const QStringList keys{"Zoe\r", "\b\r", "   \r", "x\x1b", "\r"};
+            const QStringList names{"Zoe", "", "   ", "   ", proposal};
+            for (int opening = 0; opening < keys.size(); ++opening) {
                 QDialog *dialog = Make("frmPlayer", &owner);
                 QString selected;
                 QVERIFY(!StaysOpen(dialog, [&] {
                     selected = dialog->findChild<QLineEdit *>("txPlayer")->selectedText();
-                    QTest::keyClicks(QApplication::focusWidget(), keys);
+                    QTest::keyClicks(QApplication::focusWidget(), keys[opening]);
                 }));
-                QVERIFY2(selected == proposal && Common::PlayerName == name, qPrintable(keys));
+                QVERIFY2(selected == proposal && Common::PlayerName == names[opening],
+                         qPrintable(keys[opening]));
             }
         }
     }

@@ -54,95 +54,75 @@ void tst_MainPlay::gamesOnTheLeftWall_data()
     QTest::newRow("sound off") << false;
 }
 
-// Each step: the moves, the cells after them ('/' between rows; empty: as before), the panel,
-// and the sounds heard when sound is on. With sound off nothing is ever heard.
+// Each step: the moves > the cells after them ('/' between rows; '=' as before) > the panel >
+// the sounds heard when sound is on ("105*3" for three ticks). With sound off nothing is heard.
 void tst_MainPlay::gamesOnTheLeftWall()
 {
     QFETCH(bool, soundOn);
-    const QString covered = "#######/#######/#######/#######/#######/#######/#######";
-    const QString won = "F2...../F3...../F3...../F3...../F3..x../F3...../F2.....";
-    const QString lost = "*######/F######/*######/*######/X######/*####x#/*######";
-    const struct
-    {
-        const char *moves;
-        QString pictures;
-        const char *status;
-        QList<int> sounds;
-    } steps[] = {
+    const char *const steps[] = {
         // No game yet: presses do nothing.
-        {"L2,2 R3,3 M4,4 H5,5",
-         QString("#########/").repeated(9).chopped(1),
-         "00 000 face4 stopped levels-on",
-         {}},
-        {"N", covered, "07 300 face4 ticking levels-off", {}},
+        "L2,2 R3,3 M4,4 H5,5 > #########/#########/#########/#########/#########/#########/"
+        "#########/#########/######### > 00 000 face4 stopped levels-on > ",
+        "N > #######/#######/#######/#######/#######/#######/####### > "
+        "07 300 face4 ticking levels-off > ",
         // Flag, question mark, cover.
-        {"R4,4",
-         "#######/#######/#######/###F###/#######/#######/#######",
-         "06 300 face4 ticking levels-off",
-         {101}},
-        {"R4,4",
-         "#######/#######/#######/###?###/#######/#######/#######",
-         "07 300 face4 ticking levels-off",
-         {101}},
-        {"R4,4", covered, "07 300 face4 ticking levels-off", {101}},
+        "R4,4 > #######/#######/#######/###F###/#######/#######/####### > "
+        "06 300 face4 ticking levels-off > 101",
+        "R4,4 > #######/#######/#######/###?###/#######/#######/####### > "
+        "07 300 face4 ticking levels-off > 101",
+        "R4,4 > #######/#######/#######/#######/#######/#######/####### > "
+        "07 300 face4 ticking levels-off > 101",
         // Astonished while the button is down; a right press on an open cell changes nothing.
-        {"H2,1",
-         "#2#####/#######/#######/#######/#######/#######/#######",
-         "07 300 face3 ticking levels-off",
-         {101}},
-        {"U2,1", {}, "07 300 face4 ticking levels-off", {}},
-        {"R2,1", {}, "07 300 face4 ticking levels-off", {101}},
-        {"M2,2",
-         "#2#####/#3#####/#######/#######/#######/#######/#######",
-         "07 300 face4 ticking levels-off",
-         {101}},
+        "H2,1 > #2#####/#######/#######/#######/#######/#######/####### > "
+        "07 300 face3 ticking levels-off > 101",
+        "U2,1 > = > 07 300 face4 ticking levels-off > ",
+        "R2,1 > = > 07 300 face4 ticking levels-off > 101",
+        "M2,2 > #2#####/#3#####/#######/#######/#######/#######/####### > "
+        "07 300 face4 ticking levels-off > 101",
         // A flag on a safe cell; a question mark on a bomb is no flag; a flag taken off a bomb
         // and put back counts once.
-        {"R5,5 R1,7 R1,7 R1,1 R1,1 R1,1 R1,1",
-         "F2#####/#3#####/#######/#######/####F##/#######/?######",
-         "05 300 face4 ticking levels-off", QList<int>(7, 101)},
+        "R5,5 R1,7 R1,7 R1,1 R1,1 R1,1 R1,1 > F2#####/#3#####/#######/#######/####F##/#######/"
+        "?###### > 05 300 face4 ticking levels-off > 101*7",
         // The flood opens the flagged safe cell; every safe cell open does not win.
-        {"L4,4",
-         "F2...../#3...../#3...../#3...../#3...../#3...../?2.....",
-         "05 300 face4 ticking levels-off",
-         {101}},
-        {"R1,2 R1,3 R1,4 R1,5 R1,6", "F2...../F3...../F3...../F3...../F3...../F3...../?2.....",
-         "00 300 face4 ticking levels-off", QList<int>(5, 101)},
+        "L4,4 > F2...../#3...../#3...../#3...../#3...../#3...../?2..... > "
+        "05 300 face4 ticking levels-off > 101",
+        "R1,2 R1,3 R1,4 R1,5 R1,6 > F2...../F3...../F3...../F3...../F3...../F3...../?2..... > "
+        "00 300 face4 ticking levels-off > 101*5",
         // Every bomb flagged wins, with a flag too many; after it presses do nothing.
-        {"R1,7 R1,7",
-         QString(won).replace("..x..", "....."),
-         "00 300 face1 stopped levels-on",
-         {101, 101, 103}},
-        {"L3,3 R2,2 H4,4", {}, "00 300 face1 stopped levels-on", {}},
+        "R1,7 R1,7 > F2...../F3...../F3...../F3...../F3...../F3...../F2..... > "
+        "00 300 face1 stopped levels-on > 101 101 103",
+        "L3,3 R2,2 H4,4 > = > 00 300 face1 stopped levels-on > ",
         // Abort after the game shows the loss: the opened flag on a safe cell is wrong.
-        {"A", won, "00 300 face2 stopped levels-on", {102}},
-        {"N", covered, "07 300 face4 ticking levels-off", {}},
+        "A > F2...../F3...../F3...../F3...../F3..x../F3...../F2..... > "
+        "00 300 face2 stopped levels-on > 102",
+        "N > #######/#######/#######/#######/#######/#######/####### > "
+        "07 300 face4 ticking levels-off > ",
         // A left press on a flagged bomb loses; the exploded cell stays so at a later Abort.
-        {"R1,2 R1,5 R1,6 R1,6 R6,6 L1,5",
-         lost,
-         "04 300 face2 stopped levels-on",
-         {101, 101, 101, 101, 101, 101, 102}},
-        {"L2,2 R3,3 M4,4", {}, "04 300 face2 stopped levels-on", {}},
-        {"A", {}, "04 300 face2 stopped levels-on", {102}},
+        "R1,2 R1,5 R1,6 R1,6 R6,6 L1,5 > *######/F######/*######/*######/X######/*####x#/"
+        "*###### > 04 300 face2 stopped levels-on > 101*6 102",
+        "L2,2 R3,3 M4,4 > = > 04 300 face2 stopped levels-on > ",
+        "A > = > 04 300 face2 stopped levels-on > 102",
         // The countdown: a tick sound every second, the warning at 120, the loss at 0.
-        {"N T179", covered, "07 121 face4 ticking levels-off", QList<int>(179, 105)},
-        {"T1", {}, "07 120 face4 ticking levels-off", {105, 104}},
-        {"T119", {}, "07 001 face4 ticking levels-off", QList<int>(119, 105)},
-        {"T1",
-         "*######/*######/*######/*######/*######/*######/*######",
-         "07 000 face2 stopped levels-on",
-         {105, 102}},
-    };
+        "N T179 > #######/#######/#######/#######/#######/#######/####### > "
+        "07 121 face4 ticking levels-off > 105*179",
+        "T1 > = > 07 120 face4 ticking levels-off > 105 104",
+        "T119 > = > 07 001 face4 ticking levels-off > 105*119",
+        "T1 > *######/*######/*######/*######/*######/*######/*###### > "
+        "07 000 face2 stopped levels-on > 105 102"};
     GameHarness game({}, soundOn);
     game.board = LeftWall;
-    QString pictures = game.Pictures();
-    for (const auto &step : steps) {
-        game.Play(step.moves);
-        if (!step.pictures.isEmpty())
-            pictures = QString(step.pictures).replace(u'/', u'\n');
+    QString pictures;
+    for (const QString step : steps) {
+        const QStringList part = step.split(" > ");
+        game.Play(part[0]);
+        pictures = part[1] == "=" ? pictures : QString(part[1]).replace(u'/', u'\n');
         QCOMPARE(game.Pictures(), pictures);
-        QCOMPARE(game.Status(), step.status);
-        QCOMPARE(game.Sounds(), soundOn ? step.sounds : QList<int>());
+        QCOMPARE(game.Status(), part[2]);
+        QList<int> sounds;
+        for (const QString &run : part[3].split(u' ', Qt::SkipEmptyParts))
+            sounds +=
+                QList<int>(run.section(u'*', 1).toInt() + !run.contains(u'*'), run.left(3).toInt());
+        QCOMPARE(game.Sounds(), soundOn ? sounds : QList<int>());
     }
 }
 
