@@ -44,6 +44,7 @@ class tst_MainPlay : public QObject
 private slots:
     void gamesOnTheLeftWall_data();
     void gamesOnTheLeftWall();
+    void bombsLandWhereTheDrawsRoundHalvesToEven();
     void floodsRunCellByCellNewestFirstAndNewFieldsWait();
 };
 
@@ -124,6 +125,20 @@ void tst_MainPlay::gamesOnTheLeftWall()
                 QList<int>(run.section(u'*', 1).toInt() + !run.contains(u'*'), run.left(3).toInt());
         QCOMPARE(game.Sounds(), soundOn ? sounds : QList<int>());
     }
+}
+
+void tst_MainPlay::bombsLandWhereTheDrawsRoundHalvesToEven()
+{
+    // On 64 cells a draw u bombs cell u * 64 + 1 rounded: 0 gives cell 1, and again is drawn
+    // anew; 2.5 rounds to 2 and 3.5 to 4; 64.75 to 65, folded onto 64; 64.5 to 64, drawn anew.
+    GameHarness game;
+    game.draws = {0.0f, 0.0f, 1.5f / 64, 2.5f / 64, 63.75f / 64, 63.5f / 64, 0.97f};
+    std::tie(Common::Level, Common::FieldX, Common::FieldY, Common::Bombs) =
+        std::tuple(Common::LevelCustom, 8, 8, 5);
+    game.window.mnuProg_Click(0);
+    game.window.mnuProg_Click(1);
+    QCOMPARE(game.Pictures(), "**#*####\n" + QString("########\n").repeated(6) + "######**");
+    QVERIFY(game.draws.isEmpty());
 }
 
 void tst_MainPlay::floodsRunCellByCellNewestFirstAndNewFieldsWait()
