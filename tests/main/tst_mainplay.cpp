@@ -1,3 +1,4 @@
+#include "FieldBuilder.h"
 #include "GameHarness.h"
 
 #include <QTest>
@@ -36,7 +37,8 @@ void RecursiveFlood(Minefield &field, int x, int y, QList<int> &opened)
 } // namespace
 
 // Presses on cells, the counters, the clock and the sounds through two games and the ends of
-// a game, and floods that open their region one empty cell per turn of the event loop.
+// a game; where the bombs land and how they are counted; and floods that open their region one
+// empty cell per turn of the event loop.
 class tst_MainPlay : public QObject
 {
     Q_OBJECT
@@ -45,6 +47,7 @@ private slots:
     void gamesOnTheLeftWall_data();
     void gamesOnTheLeftWall();
     void bombsLandWhereTheDrawsRoundHalvesToEven();
+    void countsBombsAmongTheNeighboursOnEdgesAndCorners();
     void floodsRunCellByCellNewestFirstAndNewFieldsWait();
 };
 
@@ -139,6 +142,26 @@ void tst_MainPlay::bombsLandWhereTheDrawsRoundHalvesToEven()
     game.window.mnuProg_Click(1);
     QCOMPARE(game.Pictures(), "**#*####\n" + QString("########\n").repeated(6) + "######**");
     QVERIFY(game.draws.isEmpty());
+}
+
+void tst_MainPlay::countsBombsAmongTheNeighboursOnEdgesAndCorners()
+{
+    // A board and the counts it must give, bomb cells included.
+    const std::pair<QString, QString> boards[] = {{"*.*.*\n.....\n..*..", "02020\n13231\n01010"},
+                                                  {"****\n****\n****", "3553\n5885\n3553"}};
+    for (const auto &[board, counts] : boards) {
+        const int width = int(board.indexOf(u'\n'));
+        const QString cells = QString(board).remove(u'\n');
+        Minefield field;
+        field.Reset(width, int(cells.size()) / width);
+        for (int k = 0; k < cells.size(); ++k)
+            field.Cells(k % width + 1, k / width + 1).Bomb = cells[k] == u'*';
+        CountNeighbours(field);
+        QString shown;
+        for (int k = 0; k < cells.size(); ++k)
+            shown += QChar(u'0' + field.Cells(k % width + 1, k / width + 1).Count);
+        QCOMPARE(shown, QString(counts).remove(u'\n'));
+    }
 }
 
 void tst_MainPlay::floodsRunCellByCellNewestFirstAndNewFieldsWait()
