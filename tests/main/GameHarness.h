@@ -69,7 +69,7 @@ struct GameHarness : RandomSource
 
     // Plays moves split by blanks, each to the end of any flood it starts: "L3,4", "M3,4" and
     // "R3,4" press and release that button on column 3, row 4; "H3,4" holds the left button
-    // down there and "U3,4" lets it up; "T9" lets 9 seconds pass; "N" starts a new game on the
+    // down there; "T9" lets 9 seconds pass; "N" starts a new game on the
     // last board and "A" aborts.
     void Play(const QString &moves)
     {
@@ -79,9 +79,8 @@ struct GameHarness : RandomSource
             const int x = numbers[0].toInt(), y = numbers.value(1).toInt();
             if (const auto button = QStringLiteral("LMR").indexOf(move[0]); button >= 0)
                 Press(x, y, buttons[button]);
-            else if (move[0] == u'H' || move[0] == u'U')
-                (window.*(move[0] == u'H' ? &frmMine::btn_MouseDown : &frmMine::btn_MouseUp))(
-                    At(x, y), Qt::LeftButton);
+            else if (move[0] == u'H')
+                window.btn_MouseDown(At(x, y), Qt::LeftButton);
             else if (move[0] == u'T')
                 Ticks(x);
             else if (move == u'A')

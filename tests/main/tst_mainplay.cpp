@@ -67,19 +67,14 @@ void tst_MainPlay::gamesOnTheLeftWall()
         // No game yet: presses do nothing.
         "L2,2 R3,3 M4,4 H5,5 > #########/#########/#########/#########/#########/#########/"
         "#########/#########/######### > 00 000 face4 stopped levels-on > ",
-        "N > #######/#######/#######/#######/#######/#######/####### > "
-        "07 300 face4 ticking levels-off > ",
-        // Flag, question mark, cover.
-        "R4,4 > #######/#######/#######/###F###/#######/#######/####### > "
+        // A new game; flag, then question mark and cover.
+        "N R4,4 > #######/#######/#######/###F###/#######/#######/####### > "
         "06 300 face4 ticking levels-off > 101",
-        "R4,4 > #######/#######/#######/###?###/#######/#######/####### > "
-        "07 300 face4 ticking levels-off > 101",
-        "R4,4 > #######/#######/#######/#######/#######/#######/####### > "
-        "07 300 face4 ticking levels-off > 101",
+        "R4,4 R4,4 > #######/#######/#######/#######/#######/#######/####### > "
+        "07 300 face4 ticking levels-off > 101 101",
         // Astonished while the button is down; a right press on an open cell changes nothing.
         "H2,1 > #2#####/#######/#######/#######/#######/#######/####### > "
         "07 300 face3 ticking levels-off > 101",
-        "U2,1 > = > 07 300 face4 ticking levels-off > ",
         "R2,1 > = > 07 300 face4 ticking levels-off > 101",
         "M2,2 > #2#####/#3#####/#######/#######/#######/#######/####### > "
         "07 300 face4 ticking levels-off > 101",
@@ -99,13 +94,11 @@ void tst_MainPlay::gamesOnTheLeftWall()
         // Abort after the game shows the loss: the opened flag on a safe cell is wrong.
         "A > F2...../F3...../F3...../F3...../F3..x../F3...../F2..... > "
         "00 300 face2 stopped levels-on > 102",
-        "N > #######/#######/#######/#######/#######/#######/####### > "
-        "07 300 face4 ticking levels-off > ",
-        // A left press on a flagged bomb loses; the exploded cell stays so at a later Abort.
-        "R1,2 R1,5 R1,6 R1,6 R6,6 L1,5 > *######/F######/*######/*######/X######/*####x#/"
+        // In a new game a left press on a flagged bomb loses; then presses do nothing, and the
+        // exploded cell stays so at a later Abort.
+        "N R1,2 R1,5 R1,6 R1,6 R6,6 L1,5 > *######/F######/*######/*######/X######/*####x#/"
         "*###### > 04 300 face2 stopped levels-on > 101*6 102",
-        "L2,2 R3,3 M4,4 > = > 04 300 face2 stopped levels-on > ",
-        "A > = > 04 300 face2 stopped levels-on > 102",
+        "L2,2 R3,3 M4,4 A > = > 04 300 face2 stopped levels-on > 102",
         // The countdown: a tick sound every second, the warning at 120, the loss at 0.
         "N T179 > #######/#######/#######/#######/#######/#######/####### > "
         "07 121 face4 ticking levels-off > 105*179",

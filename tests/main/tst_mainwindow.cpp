@@ -104,21 +104,18 @@ void tst_MainWindow::levelChoicesFitTheWindowWithoutPlayingAndTheLevelIsStoredAt
         game.window.move(57, 31);
         const QPoint place = game.window.pos();
         // The custom dialog shows the field in force; OK takes the typed size, Cancel does not.
-        const QList<QStringList> answers{{"7", "7", "8", "btnOk"},
-                                         {"49", "49", "300", "btnOk"},
-                                         {"7", "7", "", "btnOk"},
-                                         {"20", "20", "40", "btnCancel"}};
+        const QStringList answers{"7|7|8|Ok", "49|49|300|Ok", "7|7||Ok", "20|20|40|Cancel"};
         QString seen;
         int answered = 0;
         game.AnswerDialogs([&](QWidget *dialog) {
-            const QStringList answer = answers.value(answered++);
+            const QStringList answer = answers.value(answered++, "|||Cancel").split(u'|');
             seen = dialog->objectName();
             for (int box = 0; box < 3; ++box) {
                 auto *text = dialog->findChild<QLineEdit *>(QStringList{"txX", "txY", "txB"}[box]);
                 seen += u' ' + text->text();
-                text->setText(answer.value(box));
+                text->setText(answer[box]);
             }
-            dialog->findChild<QAbstractButton *>(answer.value(3, "btnCancel"))->click();
+            dialog->findChild<QAbstractButton *>("btn" + answer[3])->click();
         });
         // The level chosen, the dialog seen, the field's width and height and the left edges of
         // the smiley and the clock, and the counters of a new game there: more than 99 bombs
