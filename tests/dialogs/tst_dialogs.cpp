@@ -184,11 +184,7 @@ private slots:
             QStringList cleared;
             for (int row = 0; row < 15; ++row)
                 cleared << (english ? "Player" : "Giocatore") + QString::number(row % 5) + "|999";
-            QCOMPARE(Rows(), cleared);
-            QCOMPARE(shown, cleared);
-            // After a language switch the titles change, the rows do not.
-            Common::LangEnglish = !english;
-            QCOMPARE(Rows(Make("frmFame", &owner)), cleared);
+            QCOMPARE(std::pair(Rows(), shown), std::pair(cleared, cleared));
         }
     }
 

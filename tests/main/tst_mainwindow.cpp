@@ -15,52 +15,19 @@ const char *const TopRow = "*********\n*........\n.........\n.........\n........
 
 } // namespace
 
-// The frame of the game window: layout, menus in both languages, keys and the mouse, levels,
-// settings, and the hall of fame after a win.
+// The frame of the game window: keys, the smiley, menus in both languages and the mouse; levels
+// with the layout and the stored level; the hall of fame after a win.
 class tst_MainWindow : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void menusCarryTheCaptionsOfTheLanguageTouchingNothingElse();
-    void cheatKeyNeedsShiftAndCtrlAndBeepsSmileyStartsAGameAndTheMouseHitsCells();
+    void keysSmileyMenusInBothLanguagesAndTheMouseOnCells();
     void levelChoicesFitTheWindowWithoutPlayingAndTheLevelIsStoredAtClose();
     void winOnPresetEntersRecordThroughBothDialogs();
 };
 
-void tst_MainWindow::menusCarryTheCaptionsOfTheLanguageTouchingNothingElse()
-{
-    // Every menu and item in the order they are shown, the language item last.
-    const char *const italian =
-        "Gioco|Nuova partita|Annulla partita|Suono|I Record...|Esci|Livello|"
-        "Facile|Medio|Difficile|Personalizzato...|?|A proposito...|Barare|"
-        "Mostra celle|Nascondi celle|English";
-    const char *const english = "Game|New|Abort|Sound|Hall of Fame...|Exit|Level|Easy|Medium|Hard|"
-                                "Custom...|?|About...|Debug|Show cells|Hide cells|Italiano";
-    GameHarness game(TopRow);
-    QAction *sound = game.window.findChild<QAction *>("mnuProg2");
-    QAction *debug = game.window.findChild<QMenu *>("mnudbg")->menuAction();
-    // Start-up Italian, English, Italian again; before each switch the sound check mark and the
-    // Debug menu change, and the switch must leave them so.
-    for (int step = 0; step < 3; ++step) {
-        if (step > 0) {
-            game.window.mnuProg_Click(2);
-            game.window.Form_KeyDown(Qt::Key_F12, Qt::ShiftModifier | Qt::ControlModifier);
-            game.window.findChild<QAction *>("mnuLang")->trigger();
-        }
-        QStringList captions;
-        for (const QAction *item : game.window.findChildren<QAction *>())
-            captions << item->text();
-        captions.removeAll(QString());
-        QCOMPARE(captions.join(u'|'), step == 1 ? english : italian);
-        QCOMPARE(game.window.windowTitle(), "Velkaro - GA1.03");
-        QCOMPARE(std::pair(sound->isChecked(), debug->isVisible()),
-                 std::pair(step == 1, step == 1));
-        QVERIFY(game.ClockRunning());
-    }
-}
-
-void tst_MainWindow::cheatKeyNeedsShiftAndCtrlAndBeepsSmileyStartsAGameAndTheMouseHitsCells()
+void tst_MainWindow::keysSmileyMenusInBothLanguagesAndTheMouseOnCells()
 {
     GameHarness game; // sound off
     game.window.activateWindow();
@@ -82,6 +49,33 @@ void tst_MainWindow::cheatKeyNeedsShiftAndCtrlAndBeepsSmileyStartsAGameAndTheMou
     QCOMPARE(QApplication::focusWidget(), game.window.findChild<QWidget *>("pBomb"));
     QCOMPARE(game.Status(), "10 300 face4 ticking levels-off");
 
+    // Every menu and item in the order they are shown, the language item last.
+    const char *const italian =
+        "Gioco|Nuova partita|Annulla partita|Suono|I Record...|Esci|Livello|"
+        "Facile|Medio|Difficile|Personalizzato...|?|A proposito...|Barare|"
+        "Mostra celle|Nascondi celle|English";
+    const char *const english = "Game|New|Abort|Sound|Hall of Fame...|Exit|Level|Easy|Medium|Hard|"
+                                "Custom...|?|About...|Debug|Show cells|Hide cells|Italiano";
+    QAction *sound = game.window.findChild<QAction *>("mnuProg2");
+    // Start-up Italian, English, Italian again; before each switch the sound check mark and the
+    // Debug menu change, and the switch must leave them so.
+    for (int step = 0; step < 3; ++step) {
+        if (step > 0) {
+            game.window.mnuProg_Click(2);
+            game.window.Form_KeyDown(Qt::Key_F12, Qt::ShiftModifier | Qt::ControlModifier);
+            game.window.findChild<QAction *>("mnuLang")->trigger();
+        }
+        QStringList captions;
+        for (const QAction *item : game.window.findChildren<QAction *>())
+            captions << item->text();
+        captions.removeAll(QString());
+        QCOMPARE(captions.join(u'|'), step == 1 ? english : italian);
+        QCOMPARE(game.window.windowTitle(), "Velkaro - GA1.03");
+        QCOMPARE(std::pair(sound->isChecked(), debug->isVisible()),
+                 std::pair(step == 1, step == 1));
+        QVERIFY(game.ClockRunning());
+    }
+
     // The mouse on the field: a press acts on the cell under it whichever cell the button comes
     // up on; the border around the cells is no cell; the middle button opens.
     game.NewGame(TopRow, Common::LevelEasy);
@@ -98,72 +92,70 @@ void tst_MainWindow::cheatKeyNeedsShiftAndCtrlAndBeepsSmileyStartsAGameAndTheMou
 
 void tst_MainWindow::levelChoicesFitTheWindowWithoutPlayingAndTheLevelIsStoredAtClose()
 {
-    {
-        GameHarness game;
-        QVERIFY(game.sound.Played.isEmpty());
-        game.window.move(57, 31);
-        const QPoint place = game.window.pos();
-        // The custom dialog shows the field in force; OK takes the typed size, Cancel does not.
-        const QStringList answers{"7|7|8|Ok", "49|49|300|Ok", "7|7||Ok", "20|20|40|Cancel"};
-        QString seen;
-        int answered = 0;
-        game.AnswerDialogs([&](QWidget *dialog) {
-            const QStringList answer = answers.value(answered++, "|||Cancel").split(u'|');
-            seen = dialog->objectName();
-            for (int box = 0; box < 3; ++box) {
-                auto *text = dialog->findChild<QLineEdit *>(QStringList{"txX", "txY", "txB"}[box]);
-                seen += u' ' + text->text();
-                text->setText(answer[box]);
-            }
-            dialog->findChild<QAbstractButton *>("btn" + answer[3])->click();
-        });
-        // The level chosen, the dialog seen, the field's width and height and the left edges of
-        // the smiley and the clock, and the counters of a new game there: more than 99 bombs
-        // show 99, a custom field keeps the time of the last preset, and a bomb count kept from
-        // a larger field is lowered to fit.
-        const std::tuple<int, QString, std::array<int, 4>, QString> choices[] = {
-            {0, "", {148, 148, 61, 93}, "10 300"},
-            {1, "", {260, 260, 117, 205}, "40 600"},
-            {2, "", {484, 260, 229, 429}, "99 900"},
-            {3, "frmCustom 30 16 99", {116, 116, 45, 61}, "08 900"},
-            {3, "frmCustom 7 7 8", {788, 788, 381, 733}, "99 900"},
-            {3, "frmCustom 49 49 300", {116, 116, 45, 61}, "08 900"},
-            {3, "frmCustom 7 7 8", {116, 116, 45, 61}, "08 900"}};
-        for (const auto &[level, dialog, layout, counters] : choices) {
-            const auto [width, height, smileLeft, clockLeft] = layout;
-            seen.clear();
-            game.window.mnuLevel_Click(level);
-            QCOMPARE(seen, dialog);
-            QCOMPARE(game.Status(), "00 000 face4 stopped levels-on");
-            QCOMPARE(game.Field()->geometry(), QRect(4, 32, width, height));
-            QCOMPARE(game.window.findChild<QWidget *>("box")->geometry(), QRect(4, 0, width, 33));
-            QCOMPARE(QPoint(game.window.findChild<QWidget *>("btnSmile")->x(),
-                            game.window.findChild<QWidget *>("pT")->x()),
-                     QPoint(smileLeft, clockLeft));
-            // The client area below the menu bar holds the panel and the field with 4-pixel
-            // margins; the window keeps its place.
-            const int menuHeight = game.window.menuWidget()->height();
-            QCOMPARE(game.window.centralWidget()->geometry(),
-                     QRect(0, menuHeight, width + 8, height + 36));
-            QCOMPARE(std::pair(game.window.pos(), game.window.size()),
-                     std::pair(place, QSize(width + 8, menuHeight + height + 36)));
-            // All four menu bar items stay in sight, on a second line when the field is narrow.
-            int items = 0;
-            for (QMenuBar *line : game.window.menuWidget()->findChildren<QMenuBar *>()) {
-                for (QAction *item : line->actions())
-                    items += line->rect().contains(line->actionGeometry(item));
-            }
-            QCOMPARE(items, 4);
-            game.window.mnuProg_Click(0);
-            QCOMPARE(game.Status(), counters + " face4 ticking levels-off");
-            game.window.mnuProg_Click(1);
+    GameHarness game;
+    QVERIFY(game.sound.Played.isEmpty());
+    game.window.move(57, 31);
+    const QPoint place = game.window.pos();
+    // The custom dialog shows the field in force; OK takes the typed size, Cancel does not.
+    const QStringList answers{"7|7|8|Ok", "49|49|300|Ok", "7|7||Ok", "20|20|40|Cancel"};
+    QString seen;
+    int answered = 0;
+    game.AnswerDialogs([&](QWidget *dialog) {
+        const QStringList answer = answers.value(answered++, "|||Cancel").split(u'|');
+        seen = dialog->objectName();
+        for (int box = 0; box < 3; ++box) {
+            auto *text = dialog->findChild<QLineEdit *>(QStringList{"txX", "txY", "txB"}[box]);
+            seen += u' ' + text->text();
+            text->setText(answer[box]);
         }
-        game.window.mnuProg_Click(2);
-        QFile::remove(IniPath); // start-up has already saved fresh tables
-        game.window.close();
-        QFile ini(IniPath);
-        QVERIFY(ini.open(QIODevice::ReadOnly) && ini.readAll().contains("\nLevel=3"));
+        dialog->findChild<QAbstractButton *>("btn" + answer[3])->click();
+    });
+    // The level chosen, the dialog seen, the field's width and height and the left edges of
+    // the smiley and the clock, and the counters of a new game there: more than 99 bombs
+    // show 99, a custom field keeps the time of the last preset, and a bomb count kept from
+    // a larger field is lowered to fit.
+    const std::tuple<int, QString, std::array<int, 4>, QString> choices[] = {
+        {0, "", {148, 148, 61, 93}, "10 300"},
+        {1, "", {260, 260, 117, 205}, "40 600"},
+        {2, "", {484, 260, 229, 429}, "99 900"},
+        {3, "frmCustom 30 16 99", {116, 116, 45, 61}, "08 900"},
+        {3, "frmCustom 7 7 8", {788, 788, 381, 733}, "99 900"},
+        {3, "frmCustom 49 49 300", {116, 116, 45, 61}, "08 900"},
+        {3, "frmCustom 7 7 8", {116, 116, 45, 61}, "08 900"}};
+    for (const auto &[level, dialog, layout, counters] : choices) {
+        const auto [width, height, smileLeft, clockLeft] = layout;
+        seen.clear();
+        game.window.mnuLevel_Click(level);
+        QCOMPARE(seen, dialog);
+        QCOMPARE(game.Status(), "00 000 face4 stopped levels-on");
+        QCOMPARE(game.Field()->geometry(), QRect(4, 32, width, height));
+        QCOMPARE(game.window.findChild<QWidget *>("box")->geometry(), QRect(4, 0, width, 33));
+        QCOMPARE(QPoint(game.window.findChild<QWidget *>("btnSmile")->x(),
+                        game.window.findChild<QWidget *>("pT")->x()),
+                 QPoint(smileLeft, clockLeft));
+        // The client area below the menu bar holds the panel and the field with 4-pixel
+        // margins; the window keeps its place.
+        const int menuHeight = game.window.menuWidget()->height();
+        QCOMPARE(game.window.centralWidget()->geometry(),
+                 QRect(0, menuHeight, width + 8, height + 36));
+        QCOMPARE(std::pair(game.window.pos(), game.window.size()),
+                 std::pair(place, QSize(width + 8, menuHeight + height + 36)));
+        // All four menu bar items stay in sight, on a second line when the field is narrow.
+        int items = 0;
+        for (QMenuBar *line : game.window.menuWidget()->findChildren<QMenuBar *>()) {
+            for (QAction *item : line->actions())
+                items += line->rect().contains(line->actionGeometry(item));
+        }
+        QCOMPARE(items, 4);
+        game.window.mnuProg_Click(0);
+        QCOMPARE(game.Status(), counters + " face4 ticking levels-off");
+        game.window.mnuProg_Click(1);
     }
+    game.window.mnuProg_Click(2);
+    QFile::remove(IniPath); // start-up has already saved fresh tables
+    game.window.close();
+    QFile ini(IniPath);
+    QVERIFY(ini.open(QIODevice::ReadOnly) && ini.readAll().contains("\nLevel=3"));
     // Stored sound on plays the start sound; a stored Custom level starts on Easy.
     RecordingWaveOutput sound;
     ClockRandomSource random;
