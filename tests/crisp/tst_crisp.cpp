@@ -17,8 +17,7 @@ class CrispTest : public QObject
 
 private slots:
     void everySetHasItsSizesBevelsGroundsAndRoundFaces();
-    void windowAndAboutBoxPicturesAreExactSquares();
-    void themeIconsAreExactEnlargements();
+    void enlargedPicturesAreExactSquares();
 };
 
 namespace {
@@ -83,9 +82,8 @@ void CrispTest::everySetHasItsSizesBevelsGroundsAndRoundFaces()
     }
 }
 
-void CrispTest::windowAndAboutBoxPicturesAreExactSquares()
+void CrispTest::enlargedPicturesAreExactSquares()
 {
-    QCOMPARE(qApp->devicePixelRatio(), qreal(Scale));
     RecordingWaveOutput sound;
     ClockRandomSource random;
     frmMine window(sound, random);
@@ -103,16 +101,12 @@ void CrispTest::windowAndAboutBoxPicturesAreExactSquares()
     for (const auto &[control, picture, at] : shown)
         QVERIFY2(ShowsAsSquares(Argb(control->grab().toImage()), picture, at),
                  qPrintable(control->objectName()));
-}
-
-void CrispTest::themeIconsAreExactEnlargements()
-{
+    // The theme icons of the desktop, each pixel of the 16 x 16 icon a square.
     const QImage icon = Argb(QImage(":/pictures/icon.xpm"));
     for (const int size : {48, 64, 128, 256}) {
         const QImage themed = Argb(QImage(QStringLiteral(VELKARO_ICON_FOLDER "/%1.png").arg(size)));
         QCOMPARE(themed.size(), QSize(size, size));
-        QVERIFY2(ShowsAsSquares(themed, icon, QPoint(0, 0), size / 16),
-                 qPrintable(QString::number(size)));
+        QVERIFY(ShowsAsSquares(themed, icon, QPoint(0, 0), size / 16));
     }
 }
 

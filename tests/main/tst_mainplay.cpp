@@ -12,15 +12,6 @@ const char *const LeftWall = "*......\n*......\n*......\n*......\n*......\n*....
 // B columns 7 to 12 (its numbers in column 7).
 const QString TwoRegions = QString(".....*......\n").repeated(7).chopped(1);
 
-// How many cells of the columns first..last are no longer covered.
-int OpenIn(const GameHarness &game, int first, int last)
-{
-    int open = 0;
-    for (const QString &row : game.Pictures().split(u'\n'))
-        open += last - first + 1 - int(row.mid(first - 1, last - first + 1).count(u'#'));
-    return open;
-}
-
 // The cells a flood from (x, y) opens, in order: plain recursion that opens a covered cell
 // and, when it is empty, visits its neighbours row by row around it.
 void RecursiveFlood(Minefield &field, int x, int y, QList<int> &opened)
@@ -176,8 +167,10 @@ void tst_MainPlay::floodsRunCellByCellNewestFirstAndNewFieldsWait()
     bool inWalkOrder = true, aWaited = true, aResumedAfterB = false, bothShown = false;
     int turns = 0;
     for (; game.Field()->FieldX() == 12 && turns < 10000; ++turns) {
-        const int a = OpenIn(game, 1, 5);
-        const int b = OpenIn(game, 7, 12);
+        int a = 0, b = 0; // cells open in A and in B; the wall of bombs between is in neither
+        for (int i = 0; i < 7 * 12; ++i)
+            if (i % 12 != 5)
+                (i % 12 < 5 ? a : b) += game.Field()->Pic(i + 1) != 13;
         for (int k = 0; k < a; ++k)
             inWalkOrder = inWalkOrder && game.Field()->Pic(walk[k]) != 13;
         aWaited = aWaited && (b == 6 * 7 || a == 1);
@@ -190,13 +183,12 @@ void tst_MainPlay::floodsRunCellByCellNewestFirstAndNewFieldsWait()
     QCOMPARE(game.Pictures().count(u'#'), 256);
     QCOMPARE(game.Status(), "40 600 face4 ticking levels-off");
 
-    // Abort ends the game at once; Exit waits for the flood.
+    // Abort ends the game at once; the flood runs on to its end.
     game.NewGame(TwoRegions);
     game.Press(12, 1);
     game.window.mnuProg_Click(1);
-    game.window.mnuProg_Click(4);
-    QVERIFY(game.Face() == 2 && game.window.Flooding() && game.window.isVisible());
-    QTRY_VERIFY(!game.window.isVisible());
+    QVERIFY(game.Face() == 2 && game.window.Flooding());
+    QTRY_VERIFY(!game.window.Flooding());
     QCOMPARE(game.Pictures().section(u'\n', 3, 3), "#####*3.....");
 }
 
