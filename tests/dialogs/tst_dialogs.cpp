@@ -5,6 +5,7 @@
 #include "frmPlayer.h"
 
 #include <QApplication>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -15,103 +16,64 @@
 
 namespace {
 
-// A dialog opened by a test the way the program opens it. The dialog deletes itself when it
-// closes; one still there when the test ends is deleted then, so a failing test never leaves a
-// dialog behind.
-template<class Dialog> class DialogUnderTest
+// A dialog by its name, owned by `owner` as the main window owns them.
+QDialog *Make(const QString &name, QWidget *owner)
 {
-public:
-    DialogUnderTest() : dialog(new Dialog) {}
-    ~DialogUnderTest() { delete dialog.data(); }
+    if (name == "frmCustom")
+        return new frmCustom(owner);
+    if (name == "frmFame")
+        return new frmFame(owner);
+    return name == "frmPlayer" ? static_cast<QDialog *>(new frmPlayer(owner)) : new frmAbout(owner);
+}
 
-    Dialog *operator->() const { return dialog; }
+// Whether the dialog has closed and deleted itself.
+bool Gone(const QPointer<QDialog> &dialog)
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return dialog.isNull();
+}
 
-    QWidget *Child(const QString &name) const
-    {
-        return dialog->template findChild<QWidget *>(name);
-    }
+// Opens the dialog with exec(), as the program does, and calls `whileOpen` from inside its event
+// loop once it is active. Returns whether the dialog was still open afterwards; it is closed then.
+bool StaysOpen(QDialog *opened, const std::function<void()> &whileOpen)
+{
+    QPointer<QDialog> dialog = opened;
+    bool open = false;
+    QTimer::singleShot(0, dialog, [&] {
+        if (QTest::qWaitForWindowActive(dialog))
+            whileOpen();
+        open = dialog && dialog->isVisible();
+        if (open)
+            dialog->close();
+    });
+    dialog->exec();
+    return open;
+}
 
-    // True once the dialog has closed and deleted itself.
-    bool Deleted() const
-    {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return dialog.isNull();
-    }
-
-    // Opens the dialog with exec(), as the program does, and calls `whileOpen` from inside its
-    // event loop once it is the active window. True if the dialog was still open afterwards (or
-    // never became active); it is closed then, so exec() always returns.
-    bool RunModal(const std::function<void()> &whileOpen)
-    {
-        bool stayedOpen = false;
-        QTimer::singleShot(0, dialog.data(), [&] {
-            if (QTest::qWaitForWindowActive(dialog.data()))
-                whileOpen();
-            stayedOpen = dialog && dialog->isVisible();
-            if (stayedOpen)
-                dialog->close();
-        });
-        dialog->exec();
-        return stayedOpen;
-    }
-
-    // Checks the entries of `places` from the dialog's own name, which stands for its fixed client
-    // area, up to the next dialog's name: the places of its controls inside their parents.
-    void VerifyPlaces(const QList<std::pair<QString, QRect>> &places) const
-    {
-        QCOMPARE(dialog->minimumSize(), dialog->maximumSize());
-        auto entry = std::find(places.begin(), places.end(),
-                               std::pair(dialog->objectName(), dialog->rect()));
-        QVERIFY2(entry != places.end(), qPrintable(dialog->objectName()));
-        for (++entry; entry != places.end() && !entry->first.startsWith("frm"); ++entry) {
-            const QWidget *control = Child(entry->first);
-            QVERIFY2(control && control->geometry() == entry->second, qPrintable(entry->first));
-        }
-    }
-
-    // The window title, then the caption of each named control (a frame's title).
-    QStringList Texts(const QStringList &names) const
-    {
-        QStringList texts{dialog->windowTitle()};
-        for (const QString &name : names) {
-            const QWidget *control = Child(name);
-            const char *caption = control && control->inherits("QGroupBox") ? "title" : "text";
-            texts << (control ? control->property(caption).toString() : "(missing)");
-        }
-        return texts;
-    }
-
-private:
-    QPointer<Dialog> dialog;
-};
+// What a control shows: a window's title, a frame's title, anything else's text.
+QString Caption(const QWidget *control)
+{
+    if (control->isWindow())
+        return control->windowTitle();
+    return control->property(qobject_cast<const QGroupBox *>(control) ? "title" : "text")
+        .toString();
+}
 
 const std::array<RecordTable *, 3> Tables{&Common::EasyRecords, &Common::MediumRecords,
                                           &Common::HardRecords};
 
-// The fifteen hall of fame rows as "name|time", Easy first: as shown, as stored, and as written
-// by the start-up reset (first = 1) or by clearing (first = 0).
-QStringList ShownRows(const DialogUnderTest<frmFame> &dialog)
+// The fifteen hall of fame rows as "name|time", Easy first: as the dialog shows them, or as
+// stored when no dialog is given.
+QStringList Rows(const QWidget *fame = nullptr)
 {
     QStringList rows;
     for (int row = 0; row < 15; ++row) {
         const QString index = QStringLiteral("%1(%2)").arg(row / 5 + 1).arg(row % 5);
-        rows << dialog.Texts({"pl" + index, "sc" + index}).mid(1).join('|');
+        const RecordRow &stored = (*Tables[row / 5])[row % 5];
+        rows << (fame ? Caption(fame->findChild<QWidget *>("pl" + index)) + '|' +
+                            Caption(fame->findChild<QWidget *>("sc" + index))
+                      : stored.Name + '|' + stored.Time);
     }
-    return rows;
-}
-QStringList StoredRows()
-{
-    QStringList rows;
-    for (const RecordTable *table : Tables)
-        for (const RecordRow &row : *table)
-            rows << row.Name + "|" + row.Time;
-    return rows;
-}
-QStringList PlaceholderRows(const QString &prefix, int first)
-{
-    QStringList rows;
-    for (int row = 0; row < 15; ++row)
-        rows << prefix + QString::number(first + row % 5) + "|999";
     return rows;
 }
 
@@ -125,188 +87,170 @@ private slots:
     // Every case starts after a first start and an Easy game in Italian.
     void init()
     {
-        Common::FieldX = Common::FieldY = 9;
-        Common::Bombs = 10;
+        std::tie(Common::FieldX, Common::FieldY, Common::Bombs) = std::tuple(9, 9, 10);
         Common::LangEnglish = false;
-        for (RecordTable *table : Tables)
-            for (int row = 0; row < 5; ++row)
-                (*table)[row] = RecordRow{QStringLiteral("Player%1").arg(row + 1), "999"};
+        for (int row = 0; row < 15; ++row)
+            (*Tables[row / 5])[row % 5] = {QStringLiteral("Player%1").arg(row % 5 + 1), "999"};
     }
 
-    void controlsSitAtTheirPlaces()
+    void controlsSitAtTheirPlacesWithTheCaptionsOfTheLanguage()
     {
-        const QList<std::pair<QString, QRect>> places{
-            {"frmCustom", {0, 0, 185, 145}},  {"btnOk", {124, 120, 53, 17}},
-            {"txB", {108, 72, 37, 19}},       {"frmFame", {0, 0, 465, 205}},
-            {"Frame3", {312, 8, 141, 153}},   {"sc1(4)", {100, 124, 29, 17}},
-            {"btnClose", {396, 172, 57, 21}}, {"frmPlayer", {0, 0, 203, 59}},
-            {"txPlayer", {56, 20, 105, 19}},  {"frmAbout", {0, 0, 326, 232}},
-            {"Image1", {160, 44, 200, 160}},  {"nose", {188, 92, 22, 22}},
-            {"callout", {-4, 100, 200, 140}}, {"lI3", {15, 180, 133, 45}},
-        };
-        DialogUnderTest<frmCustom>().VerifyPlaces(places);
-        DialogUnderTest<frmFame>().VerifyPlaces(places);
-        DialogUnderTest<frmPlayer>().VerifyPlaces(places);
-        DialogUnderTest<frmAbout>().VerifyPlaces(places);
-    }
-
-    void captionsFollowTheLanguage()
-    {
+        QWidget owner;
+        // Each dialog, then controls in it: the place and what it shows in English|Italian.
+        const std::tuple<QString, QRect, QString> controls[] = {
+            {"frmCustom", {0, 0, 185, 145}, "Custom game|Personalizza"},
+            {"btnOk", {124, 120, 53, 17}, "OK|OK"},
+            {"Label1", {8, 20, 85, 13}, "Horizontal size|Caselle orizzontali"},
+            {"Label3", {8, 76, 85, 13}, "Number of bombs|Numero di bombe"},
+            {"txB", {108, 72, 37, 19}, "10|10"},
+            {"btnCancel", {8, 120, 53, 17}, "Cancel|Annulla"},
+            {"frmFame", {0, 0, 465, 205}, " HALL OF FAME| VETRINA DEI RECORD"},
+            {"Frame1", {8, 8, 141, 153}, "Easy|Facile"},
+            {"Frame3", {312, 8, 141, 153}, "Hard|Difficile"},
+            {"sc1(4)", {100, 124, 29, 17}, "999|999"},
+            {"btnCancel", {8, 172, 141, 21}, "Clear Records|Cancella i Records"},
+            {"btnClose", {396, 172, 57, 21}, "OK|OK"},
+            {"frmPlayer", {0, 0, 203, 59}, "Player Name|Nome giocatore"},
+            {"Label1", {4, 22, 50, 17}, "Player|Giocatore"},
+            {"txPlayer", {56, 20, 105, 19}, "Anonymous|Anonimo"},
+            {"frmAbout", {0, 0, 326, 232}, "Who I am|Who I am"},
+            {"Image1", {160, 44, 200, 160}, "|"},
+            {"nose", {188, 92, 22, 22}, "|"},
+            {"callout", {-4, 100, 200, 140}, "|"}};
         for (const bool english : {true, false}) {
             Common::LangEnglish = english;
-            const QStringList shown =
-                DialogUnderTest<frmCustom>().Texts({"Label1", "Label3", "btnCancel"}) +
-                DialogUnderTest<frmFame>().Texts({"Frame1", "Frame3", "btnCancel"}) +
-                DialogUnderTest<frmPlayer>().Texts({"Label1"}) +
-                DialogUnderTest<frmAbout>().Texts({});
-            QCOMPARE(shown.join('|'),
-                     english
-                         ? "Custom game|Horizontal size|Number of bombs|Cancel| HALL OF FAME|Easy|"
-                           "Hard|Clear Records|Player Name|Player|Who I am"
-                         : "Personalizza|Caselle orizzontali|Numero di bombe|Annulla|"
-                           " VETRINA DEI RECORD|Facile|Difficile|Cancella i Records|"
-                           "Nome giocatore|Giocatore|Who I am");
+            QDialog *dialog = nullptr;
+            for (const auto &[name, place, captions] : controls) {
+                dialog = name.startsWith("frm") ? Make(name, &owner) : dialog;
+                const QWidget *control =
+                    name.startsWith("frm") ? dialog : dialog->findChild<QWidget *>(name);
+                QCOMPARE(control->isWindow() ? control->rect() : control->geometry(), place);
+                QCOMPARE(dialog->minimumSize(), dialog->maximumSize());
+                if (captions != "|")
+                    QCOMPARE(Caption(control), captions.section(u'|', !english, !english));
+            }
         }
     }
 
     void customTakesValuesWithinLimitsOnOkOrEnterAndNothingOnCancel()
     {
-        const auto field = [] { return QList<int>{Common::FieldX, Common::FieldY, Common::Bombs}; };
-        // Fills in columns, rows and bombs without moving the focus.
-        const auto type = [](DialogUnderTest<frmCustom> &dialog, const QStringList &typed) {
+        QWidget owner;
+        // Columns, rows and bombs typed, then OK, Cancel or Enter; the columns, rows and bombs
+        // taken, from 9, 9 and 10. Texts are read by their leading number and rounded halves to
+        // even; a number too large for 32 bits is rejected.
+        const QStringList cases =
+            QString(
+                "7|7|7|Ok 7 7 7; 7|7|8|Ok 7 7 8; 7|7|9|Ok 7 7 10; 6|7|7|Ok 9 7 7; "
+                "7|6|8|Ok 7 9 8; 49|49|479|Ok 49 49 479; 49|49|480|Ok 49 49 10; "
+                "50|20|30|Ok 9 20 30; 7.5|8.5|8|Ok 8 8 8; 6.5|9|12|Ok 9 9 12; "
+                "49.5|49.5|10|Ok 9 9 10; |||Ok 9 9 10; 1e1| 12abc|8,9|Ok 10 12 8; "
+                "4294967303|1e400|-8|Ok 9 9 10; 20|20|40|Cancel 9 9 10; 12|14|20|Enter 12 14 20")
+                .split("; ");
+        for (const QString &entry : cases) {
+            init();
+            const QStringList typed = entry.section(u' ', 0, -4).split(u'|');
+            QPointer<QDialog> dialog = Make("frmCustom", &owner);
             for (int box = 0; box < 3; ++box)
                 dialog->findChild<QLineEdit *>(QStringList{"txX", "txY", "txB"}[box])
                     ->setText(typed[box]);
-        };
-        // Columns, rows and bombs typed; FieldX, FieldY and Bombs after OK, starting from 9, 9, 10.
-        const std::pair<QStringList, QList<int>> cases[] = {
-            {{"7", "7", "7"}, {7, 7, 7}},         {{"7", "7", "8"}, {7, 7, 8}},
-            {{"7", "7", "9"}, {7, 7, 10}},        {{"49", "49", "479"}, {49, 49, 479}},
-            {{"49", "49", "480"}, {49, 49, 10}},  {{"50", "20", "30"}, {9, 20, 30}},
-            {{"7.5", "8.5", "8"}, {8, 8, 8}},     {{"6.5", "9", "12"}, {9, 9, 12}},
-            {{"49.5", "49.5", "10"}, {9, 9, 10}}, {{"", "", ""}, {9, 9, 10}},
-        };
-        for (const auto &[typed, expected] : cases) {
-            init();
-            DialogUnderTest<frmCustom> dialog;
-            type(dialog, typed);
-            QTest::mouseClick(dialog.Child("btnOk"), Qt::LeftButton);
-            QVERIFY2(field() == expected && dialog.Deleted(), qPrintable(typed.join(" / ")));
+            if (typed[3] == "Enter")
+                QVERIFY(!StaysOpen(
+                    dialog, [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }));
+            else
+                QTest::mouseClick(dialog->findChild<QWidget *>("btn" + typed[3]), Qt::LeftButton);
+            QVERIFY(Gone(dialog));
+            QCOMPARE(QString::asprintf("%d %d %d", Common::FieldX, Common::FieldY, Common::Bombs),
+                     entry.section(u' ', -3));
         }
-        DialogUnderTest<frmCustom> cancelled;
-        type(cancelled, {"20", "20", "40"});
-        QTest::mouseClick(cancelled.Child("btnCancel"), Qt::LeftButton);
-        QVERIFY(field() == (QList<int>{9, 9, 10}) && cancelled.Deleted());
-        DialogUnderTest<frmCustom> entered;
-        QVERIFY(!entered.RunModal([&] {
-            type(entered, {"12", "14", "20"});
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        }));
-        QCOMPARE(field(), (QList<int>{12, 14, 20}));
     }
 
     void fameShowsTheRowsAsStoredAndClearsThemInTheLanguageStayingOpen()
     {
-        QCOMPARE(ShownRows(DialogUnderTest<frmFame>()), PlaceholderRows("Player", 1));
+        QWidget owner;
         Common::MediumRecords[2] = RecordRow{"", "42"}; // an empty name stays empty
-        QCOMPARE(ShownRows(DialogUnderTest<frmFame>()), StoredRows());
+        QCOMPARE(Rows(Make("frmFame", &owner)), Rows());
         // Enter right after opening closes the box and clears nothing.
-        DialogUnderTest<frmFame> entered;
-        QVERIFY(!entered.RunModal(
-            [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }));
+        QVERIFY(!StaysOpen(Make("frmFame", &owner),
+                           [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }));
         QCOMPARE(Common::MediumRecords[2], (RecordRow{"", "42"}));
         for (const bool english : {true, false}) {
             Common::LangEnglish = english;
-            DialogUnderTest<frmFame> dialog;
+            QDialog *dialog = Make("frmFame", &owner);
             QStringList shown;
-            QVERIFY(dialog.RunModal([&] {
-                QTest::mouseClick(dialog.Child("btnCancel"), Qt::LeftButton);
-                shown = ShownRows(dialog);
+            QVERIFY(StaysOpen(dialog, [&] {
+                QTest::mouseClick(dialog->findChild<QWidget *>("btnCancel"), Qt::LeftButton);
+                shown = Rows(dialog);
             }));
-            QCOMPARE(StoredRows(), PlaceholderRows(english ? "Player" : "Giocatore", 0));
-            QCOMPARE(shown, StoredRows());
-            // After a language switch the titles change, the rows do not.
-            Common::LangEnglish = !english;
-            DialogUnderTest<frmFame> switched;
-            QCOMPARE(switched.Texts({"Frame1"}).join('|'),
-                     english ? " VETRINA DEI RECORD|Facile" : " HALL OF FAME|Easy");
-            QCOMPARE(ShownRows(switched), shown);
+            QStringList cleared;
+            for (int row = 0; row < 15; ++row)
+                cleared << (english ? "Player" : "Giocatore") + QString::number(row % 5) + "|999";
+            QCOMPARE(std::pair(Rows(), shown), std::pair(cleared, cleared));
         }
     }
 
     void playerProposesTheDefaultFullySelectedAndHandsOverOnlyOk()
     {
-        for (const bool english : {true, false}) {
-            Common::LangEnglish = english;
-            const QString proposal = english ? "Anonymous" : "Anonimo";
-            // The keys typed right after each opening, and the name held afterwards.
-            const std::pair<QString, QString> openings[] = {
-                {"Zoe\r", "Zoe"}, {"\b\r", ""},     {"   \r", "   "},
-                {"x\x1b", "   "}, {"\r", proposal},
-            };
-            for (const auto &[keys, name] : openings) {
-                DialogUnderTest<frmPlayer> dialog;
-                QString selected;
-                QVERIFY(!dialog.RunModal([&] {
-                    selected = dialog->findChild<QLineEdit *>("txPlayer")->selectedText();
-                    QTest::keyClicks(QApplication::focusWidget(), keys);
-                }));
-                QVERIFY2(selected == proposal && Common::PlayerName == name, qPrintable(keys));
-            }
+        QWidget owner;
+        // The keys typed right after each opening, and the name held afterwards.
+        const QStringList keys{"Zoe\r", "\b\r", "   \r", "x\x1b", "\r"};
+        const QStringList names{"Zoe", "", "   ", "   ", "Anonimo"};
+        for (int opening = 0; opening < keys.size(); ++opening) {
+            QDialog *dialog = Make("frmPlayer", &owner);
+            QString selected;
+            QVERIFY(!StaysOpen(dialog, [&] {
+                selected = dialog->findChild<QLineEdit *>("txPlayer")->selectedText();
+                QTest::keyClicks(QApplication::focusWidget(), keys[opening]);
+            }));
+            QVERIFY2(selected == "Anonimo" && Common::PlayerName == names[opening],
+                     qPrintable(keys[opening]));
         }
     }
 
     void aboutShowsTheLanguageClosesOnlyWhereItShouldAndHintsAtTheNose()
     {
+        QWidget owner;
+        const QPoint nose(199, 103);
         // Language, click place or key, and whether it closes the box: the background, the
-        // portrait, lI3, lE3, a flag, the bubble over the portrait, a letter, an arrow.
+        // portrait, lI3, lE3, a flag, the bubble over the portrait, a letter, an arrow; then
+        // the nose, whose hint follows the language at the click.
         const std::tuple<bool, QPoint, int, bool> cases[] = {
             {false, {280, 20}, 0, true},  {false, {250, 60}, 0, true},
             {false, {60, 195}, 0, true},  {true, {60, 195}, 0, true},
             {true, {198, 18}, 0, false},  {false, {175, 150}, 0, false},
             {false, {}, Qt::Key_A, true}, {false, {}, Qt::Key_Left, false},
-        };
-        for (const bool english : {true, false}) {
-            Common::LangEnglish = english;
-            DialogUnderTest<frmAbout> dialog;
-            dialog->show(); // without a nested event loop, for clicks and keys sent to its window
-            QVERIFY(QTest::qWaitForWindowExposed(dialog->windowHandle()));
-            QStringList visible;
-            for (const QWidget *control :
-                 dialog->findChildren<QWidget *>(QRegularExpression("^(l[EI]\\d|[Ff]lag[EI])$")))
-                if (control->isVisible())
-                    visible << control->objectName();
-            visible.sort();
-            QCOMPARE(visible.join(' '),
-                     english ? "FlagE lE1 lE2 lE3 lE4 lE5" : "flagI lI1 lI2 lI3 lI4 lI5");
-            // The hint follows the language at the click, not the one the box was built in.
-            Common::LangEnglish = !english;
-            QStringList shown;
-            QTimer::singleShot(0, dialog.operator->(), [&] {
-                if (auto *hint = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
-                    shown << hint->windowTitle() << hint->text();
-                    hint->accept();
-                }
-            });
-            QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, {}, {199, 103});
-            QCOMPARE(shown.join('|'),
-                     english ? "Un pò di disonestà !|"
-                               "durante il gioco, premi Shift+Ctrl+F12...e vedi cosa succede !"
-                             : "Be dishonest !|"
-                               "during game, press Shift+Ctrl+F12...and see what happens !");
-            QVERIFY(!dialog.Deleted() && dialog->isVisible());
-        }
+            {true, nose, 0, false},       {false, nose, 0, false}};
         for (const auto &[english, place, key, closes] : cases) {
             Common::LangEnglish = english;
-            DialogUnderTest<frmAbout> dialog;
-            dialog->show();
+            QPointer<QDialog> dialog = Make("frmAbout", &owner);
+            dialog->show(); // without a nested event loop, for clicks and keys sent to its window
             QVERIFY(QTest::qWaitForWindowExposed(dialog->windowHandle()));
+            QStringList shown; // the controls of the language shown, then the hint
+            for (const QWidget *control :
+                 dialog->findChildren<QWidget *>(QRegularExpression("^(l[EI]\\d|[Ff]lag[EI])$")))
+                shown << (control->isVisible() ? control->objectName() : QString());
+            shown.sort();
+            Common::LangEnglish = !english;
+            if (place == nose) {
+                QTimer::singleShot(0, dialog, [&] {
+                    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+                    shown << box->windowTitle() + '|' + box->text();
+                    box->accept();
+                });
+            }
             if (key)
                 QTest::keyClick(dialog->windowHandle(), Qt::Key(key));
             else
                 QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, {}, place);
-            QVERIFY2(dialog.Deleted() == closes,
+            QVERIFY2(Gone(dialog) == closes,
                      qPrintable(QStringLiteral("%1 %2").arg(place.x()).arg(key)));
+            const QString hint =
+                english
+                    ? "Un pò di disonestà !|durante il gioco, premi Shift+Ctrl+F12...e vedi cosa "
+                      "succede !"
+                    : "Be dishonest !|during game, press Shift+Ctrl+F12...and see what happens !";
+            QCOMPARE(shown.join(u' ').simplified(),
+                     QString(english ? "FlagE lE1 lE2 lE3 lE4 lE5" : "flagI lI1 lI2 lI3 lI4 lI5") +
+                         (place == nose ? u' ' + hint : QString()));
         }
     }
 };

@@ -7,10 +7,13 @@
 #include "RecordingWaveOutput.h"
 #include "frmMine.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <functional>
 #include <utility>
 
 // The settings file of the test run, in a folder of its own: a test never reads or writes the
@@ -21,10 +24,17 @@ inline const QString IniPath = [] {
     return folder.path() + "/Velkaro/Velkaro.ini";
 }();
 
-// One game window as a player meets it: started with no settings file, sounds recorded, and
-// bombs laid from board pictures (other builds draw from a fixed seed, so they still end).
+// One game window as a player meets it: started with no settings file, sounds and beeps
+// recorded, and bombs laid from board pictures (other builds draw from a fixed seed).
 struct GameHarness : RandomSource
 {
+    struct Window : frmMine
+    {
+        using frmMine::frmMine;
+        void Beep() override { ++Beeps; }
+        int Beeps = 0;
+    };
+
     explicit GameHarness(const QString &board = {}, bool soundOn = false)
     {
         QFile::remove(IniPath);
@@ -44,6 +54,7 @@ struct GameHarness : RandomSource
     // of the picture's size, or on the preset given that has that size and bomb count.
     void NewGame(const QString &picture, int level = Common::LevelCustom)
     {
+        board = picture;
         const QString cells = QString(picture).remove(u'\n');
         for (int i = 0; i < cells.size(); ++i) {
             if (cells[i] == u'*') // u * N + 1 rounds to cell i + 1
@@ -54,6 +65,31 @@ struct GameHarness : RandomSource
         Common::Bombs = int(cells.count(u'*'));
         Common::Level = level;
         window.mnuProg_Click(0);
+    }
+
+    // Plays moves split by blanks, each to the end of any flood it starts: "L3,4", "M3,4" and
+    // "R3,4" press and release that button on column 3, row 4; "H3,4" holds the left button
+    // down there; "T9" lets 9 seconds pass; "N" starts a new game on the
+    // last board and "A" aborts.
+    void Play(const QString &moves)
+    {
+        const Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton};
+        for (const QString &move : moves.split(u' ')) {
+            const QStringList numbers = move.mid(1).split(u',');
+            const int x = numbers[0].toInt(), y = numbers.value(1).toInt();
+            if (const auto button = QStringLiteral("LMR").indexOf(move[0]); button >= 0)
+                Press(x, y, buttons[button]);
+            else if (move[0] == u'H')
+                window.btn_MouseDown(At(x, y), Qt::LeftButton);
+            else if (move[0] == u'T')
+                Ticks(x);
+            else if (move == u'A')
+                window.mnuProg_Click(1);
+            else
+                NewGame(board);
+            while (window.Flooding())
+                QCoreApplication::processEvents();
+        }
     }
 
     // Cells by column x and row y, 1-based.
@@ -75,6 +111,17 @@ struct GameHarness : RandomSource
             window.Timer_Timer();
     }
 
+    // From now on every modal dialog that opens is handed to `answer`, which must close it.
+    void AnswerDialogs(const std::function<void(QWidget *)> &answer)
+    {
+        dialogWatch.disconnect();
+        QObject::connect(&dialogWatch, &QTimer::timeout, [answer] {
+            if (QWidget *dialog = QApplication::activeModalWidget())
+                answer(dialog);
+        });
+        dialogWatch.start(10);
+    }
+
     FieldView *Field() const { return window.findChild<FieldView *>("field"); }
     // Every cell, one character each and rows split by '\n': '#' covered, 'F' flag, '?' question
     // mark, '.' empty, '1'..'8' numbers, '*' bomb, 'X' exploded, 'x' wrong flag.
@@ -90,11 +137,21 @@ struct GameHarness : RandomSource
     QString Clock() const { return window.findChild<DigitDisplay *>("pT")->Digits(); }
     bool ClockRunning() const { return window.findChild<QTimer *>("Timer")->isActive(); }
     int Face() const { return window.ShownFace(); }
+    // The panel and the Level menu, as "07 300 face4 ticking levels-off".
+    QString Status() const
+    {
+        return QStringLiteral("%1 %2 face%3 %4 levels-%5")
+            .arg(BombCounter(), Clock(), QString::number(Face()),
+                 ClockRunning() ? "ticking" : "stopped",
+                 window.findChild<QMenu *>("mnuLev")->menuAction()->isEnabled() ? "on" : "off");
+    }
     // The sounds played since the last call.
     QList<int> Sounds() { return std::exchange(sound.Played, {}); }
 
+    QString board;
     QList<float> draws;
     ClockRandomSource fallback{1u};
     RecordingWaveOutput sound;
-    frmMine window{sound, *this};
+    Window window{sound, *this};
+    QTimer dialogWatch;
 };

@@ -1,8 +1,7 @@
+#include "FieldBuilder.h"
 #include "GameHarness.h"
 
 #include <QTest>
-
-#include <tuple>
 
 namespace {
 
@@ -12,156 +11,142 @@ const char *const LeftWall = "*......\n*......\n*......\n*......\n*......\n*....
 // Two empty regions parted by a wall of bombs: A is columns 1 to 5 (its numbers in column 5),
 // B columns 7 to 12 (its numbers in column 7).
 const QString TwoRegions = QString(".....*......\n").repeated(7).chopped(1);
-constexpr int RegionACells = 5 * 7;
-constexpr int RegionBCells = 6 * 7;
 
-// How many cells of the columns first..last are no longer covered.
-int OpenIn(const GameHarness &game, int first, int last)
+// The cells a flood from (x, y) opens, in order: plain recursion that opens a covered cell
+// and, when it is empty, visits its neighbours row by row around it.
+void RecursiveFlood(Minefield &field, int x, int y, QList<int> &opened)
 {
-    int open = 0;
-    for (const QString &row : game.Pictures().split(u'\n'))
-        open += last - first + 1 - int(row.mid(first - 1, last - first + 1).count(u'#'));
-    return open;
+    Cell &cell = field.Cells(x, y);
+    if (cell.Opened)
+        return;
+    cell.Opened = true;
+    opened.append(field.Idx2Vect(x, y));
+    for (int k = 0; cell.Count == 0 && k < 9; ++k)
+        RecursiveFlood(field, x + k % 3 - 1, y + k / 3 - 1, opened);
 }
 
 } // namespace
 
-// Presses on cells, the counters and the clock, both ends of a game, and floods that open
-// their region one empty cell per turn of the event loop.
+// Presses on cells, the counters, the clock and the sounds through two games and the ends of
+// a game; where the bombs land and how they are counted; and floods that open their region one
+// empty cell per turn of the event loop.
 class tst_MainPlay : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void rightPressCyclesFlagQuestionCoverAndFlagsAloneWin();
-    void middlePressOpensLikeLeftAndOpeningEverySafeCellDoesNotWin();
-    void leftPressOnFlaggedBombLosesAndPressesAreIgnoredOutsideAGame();
-    void countersShowBombsAndTimeAndTheClockRunsOut();
+    void gamesOnTheLeftWall_data();
+    void gamesOnTheLeftWall();
+    void bombsLandWhereTheDrawsRoundHalvesToEvenAndAnExplodedOneStays();
+    void countsBombsAmongTheNeighboursOnEdgesAndCorners();
     void floodsRunCellByCellNewestFirstAndNewFieldsWait();
 };
 
-void tst_MainPlay::rightPressCyclesFlagQuestionCoverAndFlagsAloneWin()
+void tst_MainPlay::gamesOnTheLeftWall_data()
 {
-    GameHarness game(LeftWall, true);
-    QCOMPARE(game.BombCounter(), "07");
-    for (const auto &[picture, counter] : {std::pair{14, "06"}, {15, "07"}, {13, "07"}}) {
-        game.Right({{4, 4}});
-        QCOMPARE(game.Pic(4, 4), picture);
-        QCOMPARE(game.BombCounter(), counter);
+    QTest::addColumn<bool>("soundOn");
+    QTest::newRow("sound on") << true;
+    QTest::newRow("sound off") << false;
+}
+
+// Each step: the moves > the cells after them ('/' between rows; '=' as before) > the panel >
+// the sounds heard when sound is on ("105*3" for three ticks). With sound off nothing is heard.
+void tst_MainPlay::gamesOnTheLeftWall()
+{
+    QFETCH(bool, soundOn);
+    const char *const steps[] = {
+        // No game yet: presses do nothing.
+        "L2,2 R3,3 M4,4 H5,5 > #########/#########/#########/#########/#########/#########/"
+        "#########/#########/######### > 00 000 face4 stopped levels-on > ",
+        // A new game; flag, then question mark and cover.
+        "N R4,4 > #######/#######/#######/###F###/#######/#######/####### > "
+        "06 300 face4 ticking levels-off > 101",
+        "R4,4 R4,4 > #######/#######/#######/#######/#######/#######/####### > "
+        "07 300 face4 ticking levels-off > 101 101",
+        // Astonished while the button is down; a right press on an open cell changes nothing.
+        "H2,1 > #2#####/#######/#######/#######/#######/#######/####### > "
+        "07 300 face3 ticking levels-off > 101",
+        "R2,1 > = > 07 300 face4 ticking levels-off > 101",
+        "M2,2 > #2#####/#3#####/#######/#######/#######/#######/####### > "
+        "07 300 face4 ticking levels-off > 101",
+        // A flag on a safe cell; a question mark on a bomb is no flag; a flag taken off a bomb
+        // and put back counts once.
+        "R5,5 R1,7 R1,7 R1,1 R1,1 R1,1 R1,1 > F2#####/#3#####/#######/#######/####F##/#######/"
+        "?###### > 05 300 face4 ticking levels-off > 101*7",
+        // The flood opens the flagged safe cell; every safe cell open does not win.
+        "L4,4 > F2...../#3...../#3...../#3...../#3...../#3...../?2..... > "
+        "05 300 face4 ticking levels-off > 101",
+        "R1,2 R1,3 R1,4 R1,5 R1,6 > F2...../F3...../F3...../F3...../F3...../F3...../?2..... > "
+        "00 300 face4 ticking levels-off > 101*5",
+        // Every bomb flagged wins, with a flag too many; after it presses do nothing.
+        "R1,7 R1,7 > F2...../F3...../F3...../F3...../F3...../F3...../F2..... > "
+        "00 300 face1 stopped levels-on > 101 101 103",
+        "L3,3 R2,2 H4,4 > = > 00 300 face1 stopped levels-on > ",
+        // Abort after the game shows the loss: the opened flag on a safe cell is wrong.
+        "A > F2...../F3...../F3...../F3...../F3..x../F3...../F2..... > "
+        "00 300 face2 stopped levels-on > 102",
+        // In a new game a left press on a flagged bomb loses; then presses do nothing, and the
+        // exploded cell stays so at a later Abort.
+        "N R1,2 R1,5 R1,6 R1,6 R6,6 L1,5 > *######/F######/*######/*######/X######/*####x#/"
+        "*###### > 04 300 face2 stopped levels-on > 101*6 102",
+        "L2,2 R3,3 M4,4 A > = > 04 300 face2 stopped levels-on > 102",
+        // The countdown: a tick sound every second, the warning at 120, the loss at 0.
+        "N T179 > #######/#######/#######/#######/#######/#######/####### > "
+        "07 121 face4 ticking levels-off > 105*179",
+        "T1 > = > 07 120 face4 ticking levels-off > 105 104",
+        "T119 > = > 07 001 face4 ticking levels-off > 105*119",
+        "T1 > *######/*######/*######/*######/*######/*######/*###### > "
+        "07 000 face2 stopped levels-on > 105 102"};
+    GameHarness game({}, soundOn);
+    game.board = LeftWall;
+    QString pictures;
+    for (const QString step : steps) {
+        const QStringList part = step.split(" > ");
+        game.Play(part[0]);
+        pictures = part[1] == "=" ? pictures : QString(part[1]).replace(u'/', u'\n');
+        QCOMPARE(game.Pictures(), pictures);
+        QCOMPARE(game.Status(), part[2]);
+        QList<int> sounds;
+        for (const QString &run : part[3].split(u' ', Qt::SkipEmptyParts))
+            sounds +=
+                QList<int>(run.section(u'*', 1).toInt() + !run.contains(u'*'), run.left(3).toInt());
+        QCOMPARE(game.Sounds(), soundOn ? sounds : QList<int>());
     }
-    QCOMPARE(game.Sounds(), QList<int>(3, 101));
-
-    // A question mark on a bomb is no flag; a flag taken off a bomb and put back counts once;
-    // an extra flag on a safe cell does not stand in the way of the win.
-    game.Right({{1, 7}, {1, 7}, {5, 5}, {1, 1}, {1, 1}, {1, 1}, {1, 1}});
-    game.Right({{1, 2}, {1, 3}, {1, 4}, {1, 5}, {1, 6}});
-    QCOMPARE(game.Pic(1, 7), 15);
-    QCOMPARE(game.BombCounter(), "00");
-    QVERIFY(game.ClockRunning());
-    game.Right({{1, 7}});
-    game.Sounds();
-    game.Right({{1, 7}});
-    QCOMPARE(game.Face(), 1);
-    QCOMPARE(game.Sounds(), QList<int>({101, 103}));
-    QVERIFY(!game.ClockRunning());
-
-    // Abort with no game running still shows the loss.
-    game.window.mnuProg_Click(1);
-    QCOMPARE(game.Face(), 2);
-    QCOMPARE(game.Sounds(), QList<int>({102}));
-    QCOMPARE(game.Pictures(), "F######\nF######\nF######\nF######\nF###x##\nF######\nF######");
 }
 
-void tst_MainPlay::middlePressOpensLikeLeftAndOpeningEverySafeCellDoesNotWin()
+void tst_MainPlay::bombsLandWhereTheDrawsRoundHalvesToEvenAndAnExplodedOneStays()
 {
-    GameHarness game(LeftWall);
-    for (int y = 1; y <= 7; ++y)
-        game.Press(2, y, Qt::MiddleButton);
-    game.Press(7, 7);
-    QTRY_VERIFY(!game.window.Flooding());
-    QCOMPARE(game.Pictures(), "#2.....\n#3.....\n#3.....\n#3.....\n#3.....\n#3.....\n#2.....");
-    QCOMPARE(game.Face(), 4);
-    QVERIFY(game.ClockRunning());
-    game.Press(1, 7, Qt::MiddleButton);
-    QCOMPARE(game.Pic(1, 7), 11);
-    QCOMPARE(game.Face(), 2);
-}
-
-void tst_MainPlay::leftPressOnFlaggedBombLosesAndPressesAreIgnoredOutsideAGame()
-{
-    GameHarness game({}, true);
-    const auto pressEverywhere = [&game] {
-        for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-            for (int i = 1; i <= 7; ++i)
-                game.Press(i, i, button);
-        }
-    };
-    const QString untouched = game.Pictures();
-    pressEverywhere();
-    QCOMPARE(game.Pictures(), untouched);
-    QCOMPARE(game.Face(), 4);
-    QCOMPARE(game.BombCounter(), "00");
-    QVERIFY(game.Sounds().isEmpty());
-
-    game.NewGame(LeftWall);
-    game.Right({{1, 2}, {1, 5}, {1, 6}, {1, 6}, {6, 6}}); // (1, 6) a question mark
-    game.Sounds();
-    game.window.btn_MouseDown(game.At(1, 5), Qt::LeftButton);
-    QCOMPARE(game.Sounds(), QList<int>({101, 102}));
-    QVERIFY(!game.ClockRunning());
-    const QString lost = "*######\nF######\n*######\n*######\nX######\n*####x#\n*######";
-    QCOMPARE(game.Pictures(), lost);
-    pressEverywhere();
-    QCOMPARE(game.Pictures(), lost);
-    QCOMPARE(game.Face(), 2);
-    QVERIFY(game.Sounds().isEmpty());
-}
-
-void tst_MainPlay::countersShowBombsAndTimeAndTheClockRunsOut()
-{
-    GameHarness game({}, true);
-    // A warning at two minutes left, the loss at zero.
-    game.NewGame(LeftWall);
-    game.Right({{1, 1}, {4, 4}});
-    game.Ticks(179);
-    QCOMPARE(game.Clock(), "121");
-    game.Sounds();
-    game.Ticks(1);
-    QCOMPARE(game.Clock(), "120");
-    QCOMPARE(game.Sounds(), QList<int>({105, 104}));
-    game.Ticks(119);
-    QCOMPARE(game.Clock(), "001");
-    QVERIFY(game.ClockRunning());
-    game.Sounds();
-    game.Ticks(1);
-    QCOMPARE(game.Clock(), "000");
-    QCOMPARE(game.Sounds(), QList<int>({105, 102}));
-    QVERIFY(!game.ClockRunning());
-    QCOMPARE(game.Face(), 2);
-    QCOMPARE(game.Pictures(), "F######\n*######\n*######\n*##x###\n*######\n*######\n*######");
-
-    for (const auto &[level, bombs, time] :
-         {std::tuple{0, "10", "300"}, {1, "40", "600"}, {2, "99", "900"}}) {
-        Common::Level = level;
-        game.window.mnuProg_Click(0);
-        QCOMPARE(game.BombCounter(), bombs);
-        QCOMPARE(game.Clock(), time);
-        QVERIFY(game.ClockRunning());
-    }
-
-    // Two places: more than 99 bombs left show 99; a negative count leaves the digits.
-    Common::Level = Common::LevelCustom;
-    Common::FieldX = Common::FieldY = 49;
-    Common::Bombs = 300;
+    // On 64 cells a draw u bombs cell u * 64 + 1 rounded: 0 gives cell 1, and again is drawn
+    // anew; 2.5 rounds to 2 and 3.5 to 4; 64.75 to 65, folded onto 64; 64.5 to 64, drawn anew.
+    // They show when the game is lost on the first cell; a later Abort keeps that cell exploded.
+    GameHarness game;
+    game.draws = {0.0f, 0.0f, 1.5f / 64, 2.5f / 64, 63.75f / 64, 63.5f / 64, 0.97f};
+    std::tie(Common::Level, Common::FieldX, Common::FieldY, Common::Bombs) =
+        std::tuple(Common::LevelCustom, 8, 8, 5);
     game.window.mnuProg_Click(0);
-    QCOMPARE(game.BombCounter(), "99");
-    for (int i = 1; i <= 201; ++i)
-        game.window.btn_MouseDown(i, Qt::RightButton);
-    QCOMPARE(game.BombCounter(), "99");
-    game.window.btn_MouseDown(202, Qt::RightButton);
-    QCOMPARE(game.BombCounter(), "98");
-    game.window.DisplayBombs(-1);
-    QCOMPARE(game.BombCounter(), "98");
+    game.Play("L1,1 A");
+    QCOMPARE(game.Pictures(), "X*#*####\n" + QString("########\n").repeated(6) + "######**");
+    QVERIFY(game.draws.isEmpty());
+}
+
+void tst_MainPlay::countsBombsAmongTheNeighboursOnEdgesAndCorners()
+{
+    // A board and the counts it must give, bomb cells included.
+    const std::pair<QString, QString> boards[] = {{"*.*.*\n.....\n..*..", "02020\n13231\n01010"},
+                                                  {"****\n****\n****", "3553\n5885\n3553"}};
+    for (const auto &[board, counts] : boards) {
+        const int width = int(board.indexOf(u'\n'));
+        const QString cells = QString(board).remove(u'\n');
+        Minefield field;
+        field.Reset(width, int(cells.size()) / width);
+        for (int k = 0; k < cells.size(); ++k)
+            field.Cells(k % width + 1, k / width + 1).Bomb = cells[k] == u'*';
+        CountNeighbours(field);
+        QString shown;
+        for (int k = 0; k < cells.size(); ++k)
+            shown += QChar(u'0' + field.Cells(k % width + 1, k / width + 1).Count);
+        QCOMPARE(shown, QString(counts).remove(u'\n'));
+    }
 }
 
 void tst_MainPlay::floodsRunCellByCellNewestFirstAndNewFieldsWait()
@@ -169,10 +154,7 @@ void tst_MainPlay::floodsRunCellByCellNewestFirstAndNewFieldsWait()
     GameHarness game(TwoRegions);
     Minefield copy = game.window.Field();
     QList<int> walk; // of region A from (1, 1)
-    for (Flood flood(1, 1); !flood.Finished();) {
-        for (const CellPicture &opened : flood.Step(copy))
-            walk.append(opened.Index);
-    }
+    RecursiveFlood(copy, 1, 1, walk);
     // A press in B while A floods: A waits until B has ended. New game, Level and the smiley
     // wait for both floods and are carried out together; the time-out ends the game at once.
     game.Ticks(299);
@@ -182,33 +164,32 @@ void tst_MainPlay::floodsRunCellByCellNewestFirstAndNewFieldsWait()
     game.window.mnuLevel_Click(Common::LevelMedium);
     game.window.btnSmile_Click();
     game.Ticks(1);
-    QVERIFY(game.Face() == 2 && !game.ClockRunning());
+    QCOMPARE(game.Status(), "07 000 face2 stopped levels-on");
     bool inWalkOrder = true, aWaited = true, aResumedAfterB = false, bothShown = false;
     int turns = 0;
     for (; game.Field()->FieldX() == 12 && turns < 10000; ++turns) {
-        const int a = OpenIn(game, 1, 5);
-        const int b = OpenIn(game, 7, 12);
+        int a = 0, b = 0; // cells open in A and in B; the wall of bombs between is in neither
+        for (int i = 0; i < 7 * 12; ++i)
+            if (i % 12 != 5)
+                (i % 12 < 5 ? a : b) += game.Field()->Pic(i + 1) != 13;
         for (int k = 0; k < a; ++k)
             inWalkOrder = inWalkOrder && game.Field()->Pic(walk[k]) != 13;
-        aWaited = aWaited && (b == RegionBCells || a == 1);
-        aResumedAfterB = aResumedAfterB || (b == RegionBCells && a < RegionACells);
-        bothShown = bothShown || (a == RegionACells && b == RegionBCells);
+        aWaited = aWaited && (b == 6 * 7 || a == 1);
+        aResumedAfterB = aResumedAfterB || (b == 6 * 7 && a < 5 * 7);
+        bothShown = bothShown || (a == 5 * 7 && b == 6 * 7);
         QCoreApplication::processEvents();
     }
-    QVERIFY(inWalkOrder && bothShown);
-    QVERIFY(aWaited && aResumedAfterB);
+    QVERIFY(inWalkOrder && bothShown && aWaited && aResumedAfterB);
     QVERIFY2(turns > 50, "the regions appeared in a few turns, not cell by cell");
     QCOMPARE(game.Pictures().count(u'#'), 256);
-    QCOMPARE(game.Clock(), "600");
-    QVERIFY(game.ClockRunning());
+    QCOMPARE(game.Status(), "40 600 face4 ticking levels-off");
 
-    // Abort ends the game at once; Exit waits for the flood.
+    // Abort ends the game at once; the flood runs on to its end.
     game.NewGame(TwoRegions);
     game.Press(12, 1);
     game.window.mnuProg_Click(1);
-    game.window.mnuProg_Click(4);
-    QVERIFY(game.Face() == 2 && game.window.Flooding() && game.window.isVisible());
-    QTRY_VERIFY(!game.window.isVisible());
+    QVERIFY(game.Face() == 2 && game.window.Flooding());
+    QTRY_VERIFY(!game.window.Flooding());
     QCOMPARE(game.Pictures().section(u'\n', 3, 3), "#####*3.....");
 }
 

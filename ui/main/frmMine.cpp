@@ -206,8 +206,13 @@ bool frmMine::Form_KeyDown(int key, Qt::KeyboardModifiers modifiers)
         return false;
     QAction *debugMenu = mnudbg->menuAction();
     debugMenu->setVisible(!debugMenu->isVisible());
-    QApplication::beep();
+    Beep();
     return true;
+}
+
+void frmMine::Beep()
+{
+    QApplication::beep();
 }
 
 void frmMine::mnuLang_Click()

@@ -77,6 +77,9 @@ public:
     const Minefield &Field() const { return Cells; }
 
 protected:
+    // The cheat key's system beep. Virtual only so that a test can hear it: the offscreen
+    // platform the tests run on swallows QApplication::beep().
+    virtual void Beep();
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
