@@ -6,7 +6,7 @@ Attach to a running game and print the field once:
     read_field_atspi.py
 Start the game, play an Easy game with xdotool (F2, a flag, presses until a loss) and print the
 field after the start, after the flag and after the loss, with the cell name changes announced:
-    xvfb-run -a dbus-run-session -- tools/read_field_atspi.py --play build/app/velkaro
+    xvfb-run -n 71 dbus-run-session -- tools/read_field_atspi.py --play build/app/velkaro
 Needs at-spi2-core, python3-gi, gir1.2-atspi-2.0 and xdotool (Debian packages).
 """
 
