@@ -6,9 +6,11 @@
 class FieldView;
 
 // One cell of the field as assistive technology sees it: a table cell whose name says what the
-// cell shows now, read from the view at each request. Created by AccessibleField when first
-// asked for, registered under a fixed id so that a screen reader keeps meeting the same object,
-// and deleted by AccessibleField when the field takes another size or goes away.
+// cell shows now and whose description gives its row and column, read from the view at each
+// request. The current cell is the focused one while the field has the focus, and its
+// description starts with what the last press on it brought about. Created by AccessibleField when
+// first asked for, registered under a fixed id so that a screen reader keeps meeting the same
+// object, and deleted by AccessibleField when the field takes another size or goes away.
 class AccessibleFieldCell : public QAccessibleInterface, public QAccessibleTableCellInterface
 {
 public:
