@@ -1,5 +1,6 @@
 #include "FieldView.h"
 
+#include "AccessibleFieldNote.h"
 #include "Bevel.h"
 #include "CellPicture.h"
 #include "PictureSet.h"
@@ -51,6 +52,12 @@ FieldView::FieldView(QWidget *parent) : QWidget(parent)
     Reset(0, 0);
 }
 
+FieldView::~FieldView()
+{
+    if (noteId != 0)
+        QAccessible::deleteAccessibleInterface(noteId);
+}
+
 void FieldView::Reset(int fieldX, int fieldY)
 {
     columns = fieldX;
@@ -80,6 +87,10 @@ void FieldView::AnnounceNote()
 {
     note = std::exchange(pendingNote, {});
     SendCellEvent(current, QAccessible::DescriptionChanged);
+    if (noteId == 0)
+        noteId = QAccessible::registerAccessibleInterface(new AccessibleFieldNote(this));
+    QAccessibleEvent shown(QAccessible::accessibleInterface(noteId), QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
 }
 
 void FieldView::SendCellEvent(int i, QAccessible::Event type)

@@ -37,6 +37,7 @@ public:
     static constexpr int MaxCellAnnouncements = 32;
 
     explicit FieldView(QWidget *parent = nullptr);
+    ~FieldView() override;
 
     // Shows a new field of fieldX columns by fieldY rows (0..49 each), every cell covered
     // (picture 13), and takes the matching fixed size.
@@ -52,7 +53,7 @@ public:
     // What the last press on the current cell brought about, as spoken; empty once it moves.
     QString Note() const { return note; }
     // Adds `what` to the note. What is added during one turn of the event loop is announced
-    // together, as one change of the current cell's description.
+    // together: as one change of the current cell's description, and as a notification shown.
     void Announce(const QString &what);
 
     int FieldX() const { return columns; }
@@ -97,6 +98,8 @@ private:
     int current = 1;
     QString note;
     QString pendingNote;
+    // The note as a notification for screen readers, registered when first announced.
+    QAccessible::Id noteId = 0;
     // The cell pictures, converted once: index p - 1 holds picture p.
     std::array<QPixmap, 15> cellPixmaps;
     // Cells changed since the last announcement, and the timer that sends the next one.
