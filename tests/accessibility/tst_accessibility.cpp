@@ -31,7 +31,7 @@ QAccessibleInterface *Interface(const GameHarness &game, const char *name)
 }
 
 // What the game told assistive technology about the field, as "focus <name> | <description>",
-// "said <description>", "name <name>", "reset" or "rows <first>-<last>".
+// "said <description>", "name <name>", "shown <notification>", "reset" or "rows <first>-<last>".
 QStringList Events;
 
 void Record(QAccessibleEvent *event)
@@ -44,14 +44,17 @@ void Record(QAccessibleEvent *event)
                     ? QStringLiteral("reset")
                     : QStringLiteral("rows %1-%2").arg(change->firstRow()).arg(change->lastRow()));
     }
-    if (type != QAccessible::Focus && type != QAccessible::DescriptionChanged &&
-        type != QAccessible::NameChanged)
+    const QList<QAccessible::Event> told = {QAccessible::Focus, QAccessible::DescriptionChanged,
+                                            QAccessible::NameChanged, QAccessible::ObjectShow};
+    QAccessibleInterface *target = told.contains(type) ? event->accessibleInterface() : nullptr;
+    if (!target)
         return;
-    QAccessibleInterface *cell = event->accessibleInterface();
-    if (!cell || cell->role() != QAccessible::Cell)
+    const QString name = target->text(QAccessible::Name);
+    if (target->role() == QAccessible::Notification && type == QAccessible::ObjectShow)
+        Events << "shown " + name;
+    if (target->role() != QAccessible::Cell)
         return;
-    const QString name = cell->text(QAccessible::Name);
-    const QString description = cell->text(QAccessible::Description);
+    const QString description = target->text(QAccessible::Description);
     Events << (type == QAccessible::Focus         ? "focus " + name + " | " + description
                : type == QAccessible::NameChanged ? "name " + name
                                                   : "said " + description);
@@ -291,7 +294,12 @@ void tst_Accessibility::pressesByKeyAreSpokenOnTheFocusedCell()
     };
     for (const Presses &row : rows) {
         KeyboardGame game(row.english);
-        QCOMPARE(game.Type(row.keys, "said"), row.said);
+        const QStringList told = game.Type(row.keys, "said|shown");
+        QCOMPARE(told.filter(QRegularExpression("^said")), row.said);
+        // The same, without the place, as a notification shown.
+        QCOMPARE(told.filter(QRegularExpression("^shown")),
+                 QStringList(row.said).replaceInStrings(
+                     QRegularExpression("^said (.*), (riga|row) .*"), "shown \\1"));
     }
 }
 
@@ -313,7 +321,7 @@ void tst_Accessibility::keysOutsideTheFieldChangeNothing()
     KeyboardGame game(false);
     game.window.findChild<QWidget *>("pBomb")->setFocus(); // where a click on the smiley puts it
     Told("");
-    QCOMPARE(game.Type("Right Down F Return C", "focus|said|name"), QStringList());
+    QCOMPARE(game.Type("Right Down F Return C", "focus|said|name|shown"), QStringList());
     QCOMPARE(game.Pictures(), "#####\n#####\n#####\n#####");
     QCOMPARE(game.Field()->CurrentCell(), 1);
 }
