@@ -30,8 +30,9 @@ QAccessibleInterface *Interface(const GameHarness &game, const char *name)
     return QAccessible::queryAccessibleInterface(game.window.findChild<QWidget *>(name));
 }
 
-// What the game told assistive technology about the field, as "focus <name> | <description>",
-// "said <description>", "name <name>", "shown <notification>", "reset" or "rows <first>-<last>".
+// What the game told assistive technology: "focus <cell name> <row>,<column>", "said <what the
+// focused cell's description adds to its place>", "name <cell name>", "shown <notification>",
+// "reset" or "rows <first>-<last>".
 QStringList Events;
 
 void Record(QAccessibleEvent *event)
@@ -43,63 +44,55 @@ void Record(QAccessibleEvent *event)
             << (change->modelChangeType() == QAccessibleTableModelChangeEvent::ModelReset
                     ? QStringLiteral("reset")
                     : QStringLiteral("rows %1-%2").arg(change->firstRow()).arg(change->lastRow()));
+    } else if (type == QAccessible::Focus || type == QAccessible::DescriptionChanged ||
+               type == QAccessible::NameChanged || type == QAccessible::ObjectShow) {
+        QAccessibleInterface *target = event->accessibleInterface();
+        const QString name = target->text(QAccessible::Name);
+        const QString said = target->text(QAccessible::Description).section(", r", 0, 0);
+        if (target->role() == QAccessible::Notification)
+            Events << "shown " + name;
+        else if (const QAccessibleTableCellInterface *cell = target->tableCellInterface())
+            Events << (type == QAccessible::Focus ? QStringLiteral("focus %1 %2,%3")
+                                                        .arg(name)
+                                                        .arg(cell->rowIndex() + 1)
+                                                        .arg(cell->columnIndex() + 1)
+                       : type == QAccessible::NameChanged ? "name " + name
+                                                          : "said " + said);
     }
-    const QList<QAccessible::Event> told = {QAccessible::Focus, QAccessible::DescriptionChanged,
-                                            QAccessible::NameChanged, QAccessible::ObjectShow};
-    QAccessibleInterface *target = told.contains(type) ? event->accessibleInterface() : nullptr;
-    if (!target)
-        return;
-    const QString name = target->text(QAccessible::Name);
-    if (target->role() == QAccessible::Notification && type == QAccessible::ObjectShow)
-        Events << "shown " + name;
-    if (target->role() != QAccessible::Cell)
-        return;
-    const QString description = target->text(QAccessible::Description);
-    Events << (type == QAccessible::Focus         ? "focus " + name + " | " + description
-               : type == QAccessible::NameChanged ? "name " + name
-                                                  : "said " + description);
 }
 
-// The events of the kinds given ("focus|said") told since the last call, once the batched
-// announcements have gone out.
+// The events of the kinds given ("focus|said") since the last call, once batches have gone out.
 QStringList Told(const QString &kinds)
 {
     QTest::qWait(2 * FieldView::AnnounceInterval);
     return std::exchange(Events, {}).filter(QRegularExpression("^(" + kinds + ")\\b"));
 }
 
-// A game on the corners board with the clock held, the keyboard focus in the field, entered by
-// Tab from the smiley, and the events told so far taken.
-struct KeyboardGame : GameHarness
+// Types keys as QKeySequence spells them, split by blanks ("Right Ctrl+End F"), each in a turn
+// of the event loop of its own, and returns the events told of the kinds given.
+QStringList Type(const QString &keys, const QString &kinds = "focus|said|shown|reset")
 {
-    explicit KeyboardGame(bool english) : GameHarness(Corners)
-    {
-        if (english)
-            window.mnuLang_Click();
-        window.findChild<QTimer *>("Timer")->stop();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        Smiley()->setFocus();
-        Type("Tab");
-        QTRY_VERIFY(Field()->hasFocus());
-        Told("");
+    for (const QString &key : keys.split(u' ', Qt::SkipEmptyParts)) {
+        const QKeyCombination combination = QKeySequence(key)[0];
+        QTest::keyClick(QApplication::focusWidget(), combination.key(),
+                        combination.keyboardModifiers());
+        QCoreApplication::processEvents();
     }
-    QWidget *Smiley() const { return window.findChild<QWidget *>("btnSmile"); }
-    // Types keys split by blanks, each as QKeySequence spells it ("Right Ctrl+End F"), into the
-    // focused widget, and returns the events told of the kinds given.
-    QStringList Type(const QString &keys, const QString &kinds = "focus|said")
-    {
-        for (const QString &key : keys.split(u' ', Qt::SkipEmptyParts)) {
-            const QKeyCombination combination = QKeySequence(key)[0];
-            QTest::keyClick(QApplication::focusWidget(), combination.key(),
-                            combination.keyboardModifiers());
-            QCoreApplication::processEvents(); // each key in a turn of its own, as when typed
-        }
-        while (window.Flooding())
-            QCoreApplication::processEvents();
-        return Told(kinds);
-    }
-};
+    return Told(kinds);
+}
+
+// Starts a game on the corners board with the clock held and the keyboard in the field,
+// entered by Tab from the smiley.
+void EnterField(GameHarness &game, bool english)
+{
+    if (english)
+        game.window.mnuLang_Click();
+    game.window.findChild<QTimer *>("Timer")->stop();
+    game.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&game.window));
+    game.window.findChild<QWidget *>("btnSmile")->setFocus();
+    Type("Tab");
+}
 
 } // namespace
 
@@ -119,10 +112,9 @@ private slots:
     }
     void fieldCellsAreNamedAsShownThroughAGame();
     void countersAndFaceFollowTheGame();
-    void keysMoveTheFocusedCellAndItsPlaceIsSpoken();
-    void pressesByKeyAreSpokenOnTheFocusedCell();
-    void changedCellsAndNewFieldsAreAnnounced();
-    void keysOutsideTheFieldChangeNothing();
+    void keysMoveAndPressTheFocusedCellAndAreSpoken();
+    void mousePressesMoveTheCurrentCellWithoutAFrame();
+    void changedCellsAreAnnouncedOneByOneOrAsATableChange();
 };
 
 void tst_Accessibility::fieldCellsAreNamedAsShownThroughAGame()
@@ -151,11 +143,10 @@ void tst_Accessibility::fieldCellsAreNamedAsShownThroughAGame()
                 QCOMPARE(field->indexOfChild(cell), i);
                 const QPoint centre = cell->rect().center();
                 QCOMPARE(field->childAt(centre.x(), centre.y()), cell);
-                // The current cell, the first, tells the last press's outcome before its place.
+                // After the outcome of the last press, when the cell is the current one.
+                const QString place = english ? "row %1, column %2" : "riga %1, colonna %2";
                 QVERIFY(cell->text(QAccessible::Description)
-                            .endsWith(QString(english ? "row %1, column %2" : "riga %1, colonna %2")
-                                          .arg(i / 5 + 1)
-                                          .arg(i % 5 + 1)));
+                            .endsWith(place.arg(i / 5 + 1).arg(i % 5 + 1)));
             }
         }
         QCOMPARE(game.Pictures(), "F1.1*\n#1.11\n#1...\nX1x..");
@@ -166,25 +157,17 @@ void tst_Accessibility::fieldCellsAreNamedAsShownThroughAGame()
 
 void tst_Accessibility::countersAndFaceFollowTheGame()
 {
-    // Language, flags on safe cells, clock ticks, loss, then bomb counter, clock and face.
-    const std::tuple<bool, int, int, bool, QStringList> rounds[] = {
-        {false,
-         0,
-         0,
-         false,
-         {"Bombe rimaste 3 03", "Tempo rimasto 300 300", "Nuova partita: normale"}},
-        {true, 2, 7, false, {"Bombs left 1 01", "Time left 293 293", "New game: normal"}},
-        {true, 1, 61, true, {"Bombs left 2 02", "Time left 239 239", "New game: game lost"}},
-        {false,
-         0,
-         1,
-         true,
-         {"Bombe rimaste 3 03", "Tempo rimasto 299 299", "Nuova partita: partita persa"}}};
-    for (const auto &[english, flags, ticks, lose, heard] : rounds) {
+    // Language, flags on safe cells, clock ticks, loss; bomb counter, clock and smiley heard.
+    const std::tuple<bool, int, int, bool, QString> rounds[] = {
+        {false, 0, 0, false, "Bombe rimaste 3 03 / Tempo rimasto 300 300 / Nuova partita: normale"},
+        {true, 1, 61, true, "Bombs left 2 02 / Time left 239 239 / New game: game lost"},
+        {false, 2, 1, true,
+         "Bombe rimaste 1 01 / Tempo rimasto 299 299 / Nuova partita: partita persa"}};
+    for (const auto &[english, flagsOnSafeCells, ticks, lose, heard] : rounds) {
         GameHarness game(Corners);
         if (english)
             game.window.mnuLang_Click();
-        for (int x = 1; x <= flags; ++x)
+        for (int x = 1; x <= flagsOnSafeCells; ++x)
             game.Right({{x, 2}});
         game.Ticks(ticks);
         if (lose)
@@ -198,132 +181,83 @@ void tst_Accessibility::countersAndFaceFollowTheGame()
         }
         QAccessibleInterface *smiley = Interface(game, "btnSmile");
         shown << smiley->text(QAccessible::Name) + ": " + smiley->text(QAccessible::Description);
-        QCOMPARE(shown, heard);
-        // Its press action starts a new game.
+        QCOMPARE(shown.join(" / "), heard);
         smiley->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        QCOMPARE(game.Status(), "03 300 face4 ticking levels-off");
+        QCOMPARE(game.Status(), "03 300 face4 ticking levels-off"); // a new game
     }
 }
 
-void tst_Accessibility::keysMoveTheFocusedCellAndItsPlaceIsSpoken()
+void tst_Accessibility::keysMoveAndPressTheFocusedCellAndAreSpoken()
 {
-    struct Moves
+    struct Keys
     {
         const char *name;
         bool english;
         QString keys;
-        QStringList told;
+        QString told; // split by " / "
     };
-    const Moves rows[] = {
-        {"arrows step one cell and stop at the edge",
-         false,
-         "Right Down Left Left Up",
-         {"focus coperta | riga 1, colonna 2", "focus coperta | riga 2, colonna 2",
-          "focus coperta | riga 2, colonna 1", "focus coperta | riga 1, colonna 1"}},
-        {"Home and End reach the ends of the row",
-         true,
-         "Down End Home",
-         {"focus covered | row 2, column 1", "focus covered | row 2, column 5",
-          "focus covered | row 2, column 1"}},
-        {"Ctrl+End and Ctrl+Home reach the corners",
-         false,
-         "Ctrl+End Ctrl+End Ctrl+Home",
-         {"focus coperta | riga 4, colonna 5", "focus coperta | riga 1, colonna 1"}},
+    const Keys rows[] = {
+        {"arrows step one cell and stop at the edge, Home and End to the row's ends, with Ctrl "
+         "to the corners; Space opens a number",
+         false, "Down Left Up Up Right End Home Ctrl+End Ctrl+End Ctrl+Home Right Space",
+         "focus coperta 2,1 / focus coperta 1,1 / focus coperta 1,2 / focus coperta 1,5 / "
+         "focus coperta 1,1 / focus coperta 4,5 / focus coperta 1,1 / focus coperta 1,2 / said 1"},
+        {"Enter floods and counts the cells opened", true, "Down Right Right Return",
+         "focus covered 2,1 / focus covered 2,2 / focus covered 2,3 / said 15 cells opened"},
+        {"F cycles flag, question mark and cover with the bombs left; C reads the counters", false,
+         "F F F C",
+         "said bandierina, 2 bombe rimaste / said punto interrogativo, 3 bombe rimaste / "
+         "said coperta, 3 bombe rimaste / said 3 bombe rimaste, 300 secondi"},
+        {"the last flag wins", true, "F End F Ctrl+End Home F",
+         "said flag, 2 bombs left / focus covered 1,5 / said flag, 1 bomb left / "
+         "focus covered 4,5 / focus covered 4,1 / said flag, 0 bombs left, game won"},
+        {"a bomb explodes and loses; F2 announces the new game on the first cell", false,
+         "Space F2",
+         "said bomba esplosa, partita persa / reset / focus coperta 1,1 / "
+         "said 3 bombe, 300 secondi"},
+        {"keys outside the field change nothing", false, "Shift+Tab F Return C", ""},
     };
-    for (const Moves &row : rows) {
-        KeyboardGame game(row.english);
-        QCOMPARE(game.Type(row.keys), row.told);
-        QAccessibleInterface *focused = Interface(game, "field")->focusChild();
-        QCOMPARE(focused->text(QAccessible::Description), row.told.last().section(" | ", 1));
-        QVERIFY(focused->state().focused);
+    for (const Keys &row : rows) {
+        GameHarness game(Corners);
+        EnterField(game, row.english);
+        const QStringList told = Type(row.keys);
+        QVERIFY2(told.filter(QRegularExpression("^(focus|said|reset)")).join(" / ") == row.told,
+                 row.name);
+        // Each description said is also shown as a notification.
+        QCOMPARE(told.filter(QRegularExpression("^shown ")).replaceInStrings("shown ", "said "),
+                 told.filter(QRegularExpression("^said ")));
+        FieldView *field = game.Field();
+        QCOMPARE(Interface(game, "field")->child(field->CurrentCell() - 1)->state().focused,
+                 field->hasFocus());
     }
-    // Mouse presses make their cell current without a frame; Tab brings the focus and the frame.
-    KeyboardGame game(false);
+}
+
+void tst_Accessibility::mousePressesMoveTheCurrentCellWithoutAFrame()
+{
+    GameHarness game(Corners);
+    EnterField(game, false);
     FieldView *field = game.Field();
     const QImage framedFirst = field->grab().toImage();
-    game.Smiley()->setFocus();
+    Type("Shift+Tab");
     const QImage plain = field->grab().toImage();
+    QVERIFY(framedFirst != plain);
     for (int press = 0; press < 3; ++press) // flag, question mark, cover again
         QTest::mouseClick(field, Qt::RightButton, {}, field->CellRect(8).center());
     QCOMPARE(field->grab().toImage(), plain);
-    QVERIFY(framedFirst != plain);
-    QCOMPARE(game.Type("Tab", "focus"), QStringList({"focus coperta | riga 2, colonna 3"}));
+    QCOMPARE(Type("Tab", "focus"), QStringList("focus coperta 2,3"));
     QCOMPARE(field->grab().toImage().copy(field->CellRect(8)),
              framedFirst.copy(field->CellRect(1)));
 }
 
-void tst_Accessibility::pressesByKeyAreSpokenOnTheFocusedCell()
-{
-    struct Presses
-    {
-        const char *name;
-        bool english;
-        QString keys;
-        QStringList said;
-    };
-    const Presses rows[] = {
-        {"Space opens a number", false, "Right Space", {"said 1, riga 1, colonna 2"}},
-        {"Enter floods and counts the cells opened",
-         true,
-         "Down Right Right Return",
-         {"said 15 cells opened, row 2, column 3"}},
-        {"F cycles flag, question mark and cover with the bombs left",
-         false,
-         "F F F",
-         {"said bandierina, 2 bombe rimaste, riga 1, colonna 1",
-          "said punto interrogativo, 3 bombe rimaste, riga 1, colonna 1",
-          "said coperta, 3 bombe rimaste, riga 1, colonna 1"}},
-        {"a bomb explodes and the game is lost",
-         false,
-         "Space",
-         {"said bomba esplosa, partita persa, riga 1, colonna 1"}},
-        {"the last flag wins",
-         true,
-         "F End F Ctrl+End Home F",
-         {"said flag, 2 bombs left, row 1, column 1", "said flag, 1 bomb left, row 1, column 5",
-          "said flag, 0 bombs left, game won, row 4, column 1"}},
-        {"C reads the counters as shown",
-         false,
-         "F C",
-         {"said bandierina, 2 bombe rimaste, riga 1, colonna 1",
-          "said 2 bombe rimaste, 300 secondi, riga 1, colonna 1"}},
-        {"F2 announces the new game on the first cell",
-         true,
-         "Down F2",
-         {"said 3 bombs, 300 seconds, row 1, column 1"}},
-    };
-    for (const Presses &row : rows) {
-        KeyboardGame game(row.english);
-        const QStringList told = game.Type(row.keys, "said|shown");
-        QCOMPARE(told.filter(QRegularExpression("^said")), row.said);
-        // The same, without the place, as a notification shown.
-        QCOMPARE(told.filter(QRegularExpression("^shown")),
-                 QStringList(row.said).replaceInStrings(
-                     QRegularExpression("^said (.*), (riga|row) .*"), "shown \\1"));
-    }
-}
-
-void tst_Accessibility::changedCellsAndNewFieldsAreAnnounced()
+void tst_Accessibility::changedCellsAreAnnouncedOneByOneOrAsATableChange()
 {
     // Empty but for one bomb in the top left corner: a press in the other corner floods the rest.
     GameHarness game(QString("*........\n") + QString(".........\n").repeated(7) + ".........");
     Told("");
     game.Right({{2, 1}});
-    QCOMPARE(Told("name|rows|reset"), QStringList({"name bandierina"}));
+    QCOMPARE(Told("name|rows"), QStringList("name bandierina"));
     game.Play("L9,9");
-    QCOMPARE(Told("name|rows|reset"), QStringList({"rows 0-8"}));
-    game.NewGame(game.board);
-    QCOMPARE(Told("name|rows|reset"), QStringList({"reset"}));
-}
-
-void tst_Accessibility::keysOutsideTheFieldChangeNothing()
-{
-    KeyboardGame game(false);
-    game.window.findChild<QWidget *>("pBomb")->setFocus(); // where a click on the smiley puts it
-    Told("");
-    QCOMPARE(game.Type("Right Down F Return C", "focus|said|name|shown"), QStringList());
-    QCOMPARE(game.Pictures(), "#####\n#####\n#####\n#####");
-    QCOMPARE(game.Field()->CurrentCell(), 1);
+    QCOMPARE(Told("name|rows"), QStringList("rows 0-8"));
 }
 
 QTEST_MAIN(tst_Accessibility)

@@ -58,11 +58,6 @@ QAccessibleInterface *AccessibleField::childAt(int x, int y) const
     return index == 0 ? nullptr : Cell(index);
 }
 
-QAccessibleInterface *AccessibleField::focusChild() const
-{
-    return View()->hasFocus() ? Cell(View()->CurrentCell()) : QAccessibleWidget::focusChild();
-}
-
 QAccessibleInterface *AccessibleField::cellAt(int row, int column) const
 {
     if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount())
