@@ -2,6 +2,7 @@
 #include "GameHarness.h"
 
 #include <QAccessible>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QTest>
 #include <private/qguiapplication_p.h>
@@ -240,6 +241,9 @@ void tst_Accessibility::mousePressesMoveTheCurrentCellWithoutAFrame()
     const QImage framedFirst = field->grab().toImage();
     Type("Shift+Tab");
     const QImage plain = field->grab().toImage();
+    QImage outsideTheFrame = framedFirst;
+    QPainter(&outsideTheFrame).drawImage(field->CellRect(1), plain.copy(field->CellRect(1)));
+    QCOMPARE(outsideTheFrame, plain);
     QVERIFY(framedFirst != plain);
     for (int press = 0; press < 3; ++press) // flag, question mark, cover again
         QTest::mouseClick(field, Qt::RightButton, {}, field->CellRect(8).center());
@@ -258,6 +262,11 @@ void tst_Accessibility::changedCellsAreAnnouncedOneByOneOrAsATableChange()
     QCOMPARE(Told("name|rows"), QStringList("name bandierina"));
     game.Play("L9,9");
     QCOMPARE(Told("name|rows"), QStringList("rows 0-8"));
+    // Two floods, each counted on its own.
+    game.NewGame("...*...\n...*...\n...*...");
+    game.Play("L1,1 L7,3");
+    QCOMPARE(Told("said"), QStringList({"said 3 bombe, 300 secondi", "said 9 caselle aperte",
+                                        "said 9 caselle aperte"}));
 }
 
 QTEST_MAIN(tst_Accessibility)

@@ -3,21 +3,13 @@
 #include "AccessibleNames.h"
 #include "FieldView.h"
 
-AccessibleFieldCell::AccessibleFieldCell(FieldView *view, int index) : view(view), index(index) {}
+AccessibleFieldCell::AccessibleFieldCell(FieldView *view, int index)
+    : AccessibleFieldPart(view), index(index)
+{}
 
 bool AccessibleFieldCell::isValid() const
 {
     return view && index <= view->FieldX() * view->FieldY();
-}
-
-QWindow *AccessibleFieldCell::window() const
-{
-    return view->window()->windowHandle();
-}
-
-QAccessibleInterface *AccessibleFieldCell::parent() const
-{
-    return QAccessible::queryAccessibleInterface(view);
 }
 
 QString AccessibleFieldCell::text(QAccessible::Text t) const

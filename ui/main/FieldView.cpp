@@ -22,10 +22,10 @@ bool IsCellButton(Qt::MouseButton button)
     return button == Qt::LeftButton || button == Qt::RightButton || button == Qt::MiddleButton;
 }
 
-// Black outside, white inside: visible on covered, open and marked cells alike.
+// Black outside (the painter's first pen), white inside: visible on covered, open and marked
+// cells alike.
 void PaintFocusFrame(QPainter &painter, const QRect &cell)
 {
-    painter.setPen(Qt::black);
     painter.drawRect(cell.adjusted(0, 0, -1, -1));
     painter.setPen(Qt::white);
     painter.drawRect(cell.adjusted(1, 1, -2, -2));
