@@ -20,8 +20,9 @@ class QTimer;
 // reported exactly like mouse presses, and C asks for the counters to be read out. A mouse
 // press also makes the pressed cell current; without the focus no frame is drawn.
 //
-// Changed cells are announced to assistive technology in batches, at most one batch per
-// AnnounceInterval, so a flood opening many cells does not swamp it.
+// While assistive technology is active, changed cells are announced to it in batches, at most
+// one batch per AnnounceInterval, so a flood opening many cells does not swamp it; when none is
+// active nothing at all is sent to it.
 class FieldView : public QWidget
 {
     Q_OBJECT
@@ -85,7 +86,7 @@ protected:
 private:
     void AnnounceChangedCells();
     void AnnounceNote();
-    // Tells assistive technology that cell i has had this kind of change.
+    // Tells active assistive technology that cell i has had this kind of change.
     void SendCellEvent(int i, QAccessible::Event type);
     // Makes the cell at column x, row y (0-based, kept inside the field) the current one.
     void MoveCurrentTo(int x, int y);
