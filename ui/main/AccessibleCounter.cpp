@@ -20,7 +20,11 @@ void *AccessibleCounter::interface_cast(QAccessible::InterfaceType type)
 
 QString AccessibleCounter::text(QAccessible::Text t) const
 {
-    return t == QAccessible::Value ? Digits() : QAccessibleWidget::text(t);
+    if (t == QAccessible::Value)
+        return Digits();
+    // The number in the name too: screen readers read the name of a label, not its value.
+    const QString text = QAccessibleWidget::text(t);
+    return t == QAccessible::Name ? text + u' ' + QString::number(Digits().toInt()) : text;
 }
 
 QVariant AccessibleCounter::currentValue() const

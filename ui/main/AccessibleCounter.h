@@ -5,9 +5,10 @@
 
 class DigitDisplay;
 
-// The bomb counter or the clock as assistive technology sees it: the widget's accessible name,
-// and as value the number the digits show ("010" as text, 10 as number). The value is read when
-// asked; no event announces its changes, so the clock does not speak every second.
+// The bomb counter or the clock as assistive technology sees it: the widget's accessible name
+// followed by the number the digits show ("Bombe rimaste 10"), and that number as value ("010"
+// as text, 10 as number). Both are read when asked; no event announces their changes, so the
+// clock does not speak every second.
 class AccessibleCounter : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:

@@ -3,26 +3,25 @@
 #include "AccessibleNames.h"
 #include "FieldView.h"
 
-AccessibleFieldCell::AccessibleFieldCell(FieldView *view, int index) : view(view), index(index) {}
+AccessibleFieldCell::AccessibleFieldCell(FieldView *view, int index)
+    : AccessibleFieldPart(view), index(index)
+{}
 
 bool AccessibleFieldCell::isValid() const
 {
     return view && index <= view->FieldX() * view->FieldY();
 }
 
-QWindow *AccessibleFieldCell::window() const
-{
-    return view->window()->windowHandle();
-}
-
-QAccessibleInterface *AccessibleFieldCell::parent() const
-{
-    return QAccessible::queryAccessibleInterface(view);
-}
-
 QString AccessibleFieldCell::text(QAccessible::Text t) const
 {
-    return t == QAccessible::Name ? CellName(view->Pic(index)) : QString();
+    if (t == QAccessible::Name)
+        return CellName(view->Pic(index));
+    if (t != QAccessible::Description)
+        return QString();
+    // What the last press brought about comes first: it is what the player waits to hear.
+    const QString place = CellPlace(rowIndex() + 1, columnIndex() + 1);
+    const bool noted = index == view->CurrentCell() && !view->Note().isEmpty();
+    return noted ? view->Note() + QStringLiteral(", ") + place : place;
 }
 
 QRect AccessibleFieldCell::rect() const
@@ -36,6 +35,8 @@ QAccessible::State AccessibleFieldCell::state() const
     QAccessible::State state;
     state.invisible = !view->isVisible();
     state.readOnly = true;
+    state.focusable = true;
+    state.focused = view->hasFocus() && index == view->CurrentCell();
     return state;
 }
 

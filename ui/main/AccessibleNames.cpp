@@ -15,6 +15,14 @@ QString Choose(const char *italian, const char *english)
     return QString::fromUtf8(Common::LangEnglish ? english : italian);
 }
 
+// `count` followed by the singular or the plural word of the current language.
+QString Counted(int count, const char *italianOne, const char *italianMore, const char *englishOne,
+                const char *englishMore)
+{
+    return QString::number(count) + u' ' +
+           (count == 1 ? Choose(italianOne, englishOne) : Choose(italianMore, englishMore));
+}
+
 } // namespace
 
 QString CellName(int picture)
@@ -33,6 +41,31 @@ QString CellName(int picture)
         return QString::number(picture - 1);
     const auto &[italian, english] = Shown[picture - CellPicture::HiddenBomb];
     return Choose(italian, english);
+}
+
+QString CellPlace(int row, int column)
+{
+    return Choose("riga %1, colonna %2", "row %1, column %2").arg(row).arg(column);
+}
+
+QString BombsText(int count)
+{
+    return Counted(count, "bomba", "bombe", "bomb", "bombs");
+}
+
+QString BombsLeftText(int count)
+{
+    return Counted(count, "bomba rimasta", "bombe rimaste", "bomb left", "bombs left");
+}
+
+QString SecondsText(int count)
+{
+    return Counted(count, "secondo", "secondi", "second", "seconds");
+}
+
+QString CellsOpenedText(int count)
+{
+    return Counted(count, "casella aperta", "caselle aperte", "cell opened", "cells opened");
 }
 
 QString FaceMeaning(int face)

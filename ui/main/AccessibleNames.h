@@ -11,6 +11,13 @@ class SmileButton;
 
 // What a player sees on a cell showing picture p (1..15): "coperta", "bandierina", "3" and so on.
 QString CellName(int picture);
+// Where a cell is, counted from 1: "riga 4, colonna 5".
+QString CellPlace(int row, int column);
+// Numbers of things: "10 bombe", "9 bombe rimaste", "300 secondi", "15 caselle aperte".
+QString BombsText(int count);
+QString BombsLeftText(int count);
+QString SecondsText(int count);
+QString CellsOpenedText(int count);
 // What face f (1 won, 2 lost, 3 button down on a cell, 4 normal) of the smiley button means.
 QString FaceMeaning(int face);
 

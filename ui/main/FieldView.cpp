@@ -1,15 +1,18 @@
 #include "FieldView.h"
 
+#include "AccessibleFieldNote.h"
 #include "Bevel.h"
 #include "CellPicture.h"
 #include "PictureSet.h"
 
 #include <QAccessible>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -17,6 +20,15 @@ namespace {
 bool IsCellButton(Qt::MouseButton button)
 {
     return button == Qt::LeftButton || button == Qt::RightButton || button == Qt::MiddleButton;
+}
+
+// Black outside (the painter's first pen), white inside: visible on covered, open and marked
+// cells alike.
+void PaintFocusFrame(QPainter &painter, const QRect &cell)
+{
+    painter.drawRect(cell.adjusted(0, 0, -1, -1));
+    painter.setPen(Qt::white);
+    painter.drawRect(cell.adjusted(1, 1, -2, -2));
 }
 
 } // namespace
@@ -29,10 +41,21 @@ FieldView::FieldView(QWidget *parent) : QWidget(parent)
     announceTimer->setSingleShot(true);
     announceTimer->setInterval(AnnounceInterval);
     connect(announceTimer, &QTimer::timeout, this, &FieldView::AnnounceChangedCells);
+    noteTimer = new QTimer(this);
+    noteTimer->setSingleShot(true);
+    noteTimer->setInterval(0);
+    connect(noteTimer, &QTimer::timeout, this, &FieldView::AnnounceNote);
+    setFocusPolicy(Qt::TabFocus);
     const PictureSet &cells = PictureSet::IL();
     for (int p = 1; p <= cells.Count(); ++p)
         cellPixmaps[p - 1] = cells.Picture(p);
     Reset(0, 0);
+}
+
+FieldView::~FieldView()
+{
+    if (noteId != 0)
+        QAccessible::deleteAccessibleInterface(noteId);
 }
 
 void FieldView::Reset(int fieldX, int fieldY)
@@ -41,6 +64,9 @@ void FieldView::Reset(int fieldX, int fieldY)
     rows = fieldY;
     pictures.fill(CellPicture::Covered, columns * rows);
     pressedIndex = 0;
+    current = 1;
+    note.clear();
+    pendingNote.clear();
     setFixedSize(sizeHint());
     update();
     changedCells.clear();
@@ -48,7 +74,50 @@ void FieldView::Reset(int fieldX, int fieldY)
     if (QAccessible::isActive()) {
         QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::ModelReset);
         QAccessible::updateAccessibility(&event);
+        if (hasFocus())
+            SendCellEvent(current, QAccessible::Focus);
     }
+}
+
+void FieldView::Announce(const QString &what)
+{
+    pendingNote += (pendingNote.isEmpty() ? QString() : QStringLiteral(", ")) + what;
+    noteTimer->start();
+}
+
+void FieldView::AnnounceNote()
+{
+    note = std::exchange(pendingNote, {});
+    if (!QAccessible::isActive())
+        return;
+    SendCellEvent(current, QAccessible::DescriptionChanged);
+    if (noteId == 0)
+        noteId = QAccessible::registerAccessibleInterface(new AccessibleFieldNote(this));
+    QAccessibleEvent shown(QAccessible::accessibleInterface(noteId), QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
+}
+
+void FieldView::SendCellEvent(int i, QAccessible::Event type)
+{
+    QAccessibleInterface *table =
+        QAccessible::isActive() ? QAccessible::queryAccessibleInterface(this) : nullptr;
+    if (!table || !table->tableInterface())
+        return; // nobody listens, or no cells to name without the game's accessibility factory
+    QAccessibleEvent event(table->child(i - 1), type);
+    QAccessible::updateAccessibility(&event);
+}
+
+void FieldView::MoveCurrentTo(int x, int y)
+{
+    const int index = std::clamp(y, 0, rows - 1) * columns + std::clamp(x, 0, columns - 1) + 1;
+    if (index == current)
+        return;
+    update(CellRect(current));
+    current = index;
+    note.clear();
+    update(CellRect(current));
+    if (hasFocus())
+        SendCellEvent(current, QAccessible::Focus);
 }
 
 void FieldView::SetPic(int i, int p)
@@ -69,7 +138,7 @@ void FieldView::SetPic(int i, int p)
 void FieldView::AnnounceChangedCells()
 {
     const std::set<int> cells = std::exchange(changedCells, {});
-    if (cells.empty() || !QAccessible::isActive())
+    if (cells.empty())
         return;
     if (int(cells.size()) > MaxCellAnnouncements) {
         QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::DataChanged);
@@ -80,13 +149,8 @@ void FieldView::AnnounceChangedCells()
         QAccessible::updateAccessibility(&event);
         return;
     }
-    QAccessibleInterface *table = QAccessible::queryAccessibleInterface(this);
-    if (!table || !table->tableInterface())
-        return; // no cells to name without the game's accessibility factory
-    for (const int cell : cells) {
-        QAccessibleEvent event(table->child(cell - 1), QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&event);
-    }
+    for (const int cell : cells)
+        SendCellEvent(cell, QAccessible::NameChanged);
 }
 
 int FieldView::Pic(int i) const
@@ -130,6 +194,8 @@ void FieldView::paintEvent(QPaintEvent *event)
                                cellPixmaps[picture - 1]);
         }
     }
+    if (hasFocus())
+        PaintFocusFrame(painter, CellRect(current));
 }
 
 int FieldView::CellAt(QPoint point) const
@@ -147,6 +213,7 @@ void FieldView::mousePressEvent(QMouseEvent *event)
     if (!IsCellButton(event->button()) || index == 0)
         return;
     pressedIndex = index;
+    MoveCurrentTo((index - 1) % columns, (index - 1) / columns);
     emit CellPressed(index, event->button());
 }
 
@@ -158,4 +225,63 @@ void FieldView::mouseReleaseEvent(QMouseEvent *event)
     if (event->buttons() == Qt::NoButton)
         pressedIndex = 0;
     emit CellReleased(index, event->button());
+}
+
+void FieldView::keyPressEvent(QKeyEvent *event)
+{
+    const int x = (current - 1) % columns;
+    const int y = (current - 1) / columns;
+    const bool toCorner = event->modifiers().testFlag(Qt::ControlModifier);
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return MoveCurrentTo(x - 1, y);
+    case Qt::Key_Right:
+        return MoveCurrentTo(x + 1, y);
+    case Qt::Key_Up:
+        return MoveCurrentTo(x, y - 1);
+    case Qt::Key_Down:
+        return MoveCurrentTo(x, y + 1);
+    case Qt::Key_Home:
+        return MoveCurrentTo(0, toCorner ? 0 : y);
+    case Qt::Key_End:
+        return MoveCurrentTo(columns - 1, toCorner ? rows - 1 : y);
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // A held key repeats; one press of the key is one press on the cell.
+        if (!event->isAutoRepeat())
+            PressCurrent(Qt::LeftButton);
+        return;
+    case Qt::Key_F:
+        if (!event->isAutoRepeat())
+            PressCurrent(Qt::RightButton);
+        return;
+    case Qt::Key_C:
+        emit CountersAsked();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void FieldView::PressCurrent(Qt::MouseButton button)
+{
+    emit CellPressed(current, button);
+    emit CellReleased(current, button);
+}
+
+void FieldView::focusInEvent(QFocusEvent *)
+{
+    update(CellRect(current));
+    // After the focus event Qt sends for the whole field, so that the cell is where the
+    // screen reader stays.
+    QTimer::singleShot(0, this, [this] {
+        if (hasFocus())
+            SendCellEvent(current, QAccessible::Focus);
+    });
+}
+
+void FieldView::focusOutEvent(QFocusEvent *)
+{
+    update(CellRect(current));
 }

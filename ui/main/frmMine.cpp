@@ -148,6 +148,7 @@ void frmMine::BuildPanel()
     field->setObjectName(QStringLiteral("field"));
     connect(field, &FieldView::CellPressed, this, &frmMine::btn_MouseDown);
     connect(field, &FieldView::CellReleased, this, &frmMine::btn_MouseUp);
+    connect(field, &FieldView::CountersAsked, this, &frmMine::AnnounceCounters);
 
     Smile(4);
 }
@@ -325,6 +326,8 @@ void frmMine::StartGame()
     DisplayBombs(FlagsLeft);
     DisplayTime(TimeLeft);
     Timer->start();
+    field->Announce(BombsText(Common::Bombs) + QStringLiteral(", ") +
+                    SecondsText(Common::TimeLimit));
 }
 
 void frmMine::Exit()

@@ -115,6 +115,11 @@ private:
     void ReveilBlanks(int x, int y);
     void StepFlood();
 
+    // Spoken on the current cell of the field: a cell's new mark with the bombs left, and on
+    // the player's request the bomb counter and the clock as they show now.
+    void AnnounceMark(int picture);
+    void AnnounceCounters();
+
     WaveOutput &waveOutput;
     RandomSource &random;
 
@@ -126,6 +131,8 @@ private:
     bool SoundOn = false;
 
     std::vector<Flood> floods;
+    // Cells opened by the floods in progress, announced when the last one ends.
+    int cellsFlooded = 0;
     FieldRequest pendingRequest = FieldRequest::None;
     // Dialogs open now. A waiting field request is not carried out under one: the handler that
     // opened it resumes when it closes and must find the game it left.

@@ -2,6 +2,7 @@
 // a game. Construction, menus and keys are in frmMine.cpp.
 #include "frmMine.h"
 
+#include "AccessibleNames.h"
 #include "Common.h"
 #include "DigitDisplay.h"
 #include "FieldBuilder.h"
@@ -94,6 +95,7 @@ void frmMine::btn_MouseDown(int index, Qt::MouseButton button)
                 cell.Queried = true;
                 SetPic(index, CellPicture::Query);
                 DisplayBombs(++FlagsLeft);
+                AnnounceMark(CellPicture::Query);
                 if (cell.Bomb)
                     ++BombsLeft;
                 return;
@@ -101,11 +103,13 @@ void frmMine::btn_MouseDown(int index, Qt::MouseButton button)
             if (cell.Queried) {
                 cell.Queried = false;
                 SetPic(index, CellPicture::Covered);
+                AnnounceMark(CellPicture::Covered);
                 return;
             }
             cell.Flagged = true;
             SetPic(index, CellPicture::Flag);
             DisplayBombs(--FlagsLeft);
+            AnnounceMark(CellPicture::Flag);
             if (cell.Bomb)
                 --BombsLeft;
         }
@@ -120,6 +124,7 @@ void frmMine::btn_MouseDown(int index, Qt::MouseButton button)
             return;
         }
         SetPic(index, cell.Count + 1);
+        field->Announce(CellName(cell.Count + 1));
         cell.Opened = true;
     }
     if (BombsLeft == 0)
@@ -144,10 +149,14 @@ void frmMine::StepFlood()
 {
     if (Flooding()) {
         Flood &flood = floods.back();
-        for (const CellPicture &opened : flood.Step(Cells))
+        for (const CellPicture &opened : flood.Step(Cells)) {
             SetPic(opened.Index, opened.Picture);
+            ++cellsFlooded;
+        }
         if (flood.Finished())
             floods.pop_back();
+        if (!Flooding())
+            field->Announce(CellsOpenedText(std::exchange(cellsFlooded, 0)));
         // A waiting request gets one more turn, so the last cells are painted before it.
         if (Flooding() || pendingRequest != FieldRequest::None)
             floodTimer->start();
@@ -156,6 +165,17 @@ void frmMine::StepFlood()
     // Under a dialog the request keeps waiting; ShowModal comes back for it.
     if (modalDepth == 0)
         CarryOut(std::exchange(pendingRequest, FieldRequest::None));
+}
+
+void frmMine::AnnounceMark(int picture)
+{
+    field->Announce(CellName(picture) + QStringLiteral(", ") + BombsLeftText(FlagsLeft));
+}
+
+void frmMine::AnnounceCounters()
+{
+    field->Announce(BombsLeftText(pBomb->Digits().toInt()) + QStringLiteral(", ") +
+                    SecondsText(pT->Digits().toInt()));
 }
 
 void frmMine::Timer_Timer()
@@ -175,6 +195,7 @@ void frmMine::Victory()
     Timer->stop();
     Playing = false;
     Smile(1);
+    field->Announce(FaceMeaning(1));
     if (SoundOn)
         PlayWave(103);
     if (IsPresetLevel(Common::Level)) {
@@ -199,6 +220,8 @@ void frmMine::LostGame(int thisIdx, bool skip)
     if (SoundOn)
         PlayWave(102);
     Smile(2);
+    field->Announce(skip ? FaceMeaning(2)
+                         : CellName(CellPicture::Exploded) + QStringLiteral(", ") + FaceMeaning(2));
     if (!skip) {
         SetPic(thisIdx, CellPicture::Exploded);
         Cells.Vect2Idx(thisIdx);
