@@ -174,6 +174,7 @@ void frmMine::Victory()
 {
     Timer->stop();
     Playing = false;
+    HoldSoundDevice();
     Smile(1);
     if (SoundOn)
         PlayWave(103);
@@ -195,6 +196,7 @@ void frmMine::LostGame(int thisIdx, bool skip)
 {
     Timer->stop();
     Playing = false;
+    HoldSoundDevice();
     SetLevelMenuEnabled(true);
     if (SoundOn)
         PlayWave(102);
@@ -244,4 +246,9 @@ int frmMine::ShownFace() const
 void frmMine::PlayWave(int id)
 {
     waveOutput.Play(id);
+}
+
+void frmMine::HoldSoundDevice()
+{
+    waveOutput.KeepOpen(Playing && SoundOn);
 }
