@@ -121,6 +121,12 @@ private slots:
         output.KeepOpen(false);
         QTRY_VERIFY(!output.IsOpen());
         QCOMPARE(Threads(), closedThreads);
+        {
+            SdlWaveOutput held(WavesWithBrokenOnes());
+            held.KeepOpen(true);
+            QTRY_VERIFY(held.IsOpen());
+        }
+        QVERIFY(!SDL_WasInit(SDL_INIT_AUDIO)); // closed with the player that held it
     }
 
     // The window keeps the output open exactly while a game runs with sound on; the start-up

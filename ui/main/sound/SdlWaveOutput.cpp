@@ -104,7 +104,5 @@ void SdlWaveOutput::Serve()
             requested.wait(lock);
         }
     }
-    lock.unlock();
-    device.Close();
-    deviceId = 0;
+    // The device closes with the object, after this thread has ended.
 }
