@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages Velkaro needs to build, run and test, skipping those already there.
+# Installs the Debian packages Velkaro needs to build, run and test, skipping those already there;
+# it prints their names, and the package manager's output only when it fails.
 set -euo pipefail
 
 packages=(
@@ -8,7 +9,7 @@ packages=(
     libsdl2-dev
     xvfb xauth
     desktop-file-utils appstream
-    dpkg-dev file
+    dpkg-dev file lintian
 )
 
 missing=()
@@ -25,5 +26,13 @@ else
     as_root=(sudo)
 fi
 echo "Installing: ${missing[*]}"
-"${as_root[@]}" apt-get update -qq
-DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
+# The package manager's progress goes to a log, shown only if something fails.
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+if ! { "${as_root[@]}" apt-get update &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+    cat "$log"
+    echo "Installing the packages above failed." >&2
+    exit 1
+fi

@@ -169,7 +169,6 @@ void frmMine::Form_Load()
     show();
     mnuLang_Click();
     mnuProg[2]->setChecked(SoundOn);
-    waveOutput.SetOpen(SoundOn);
     DrawField();
     if (SoundOn)
         PlayWave(103);
@@ -248,7 +247,7 @@ void frmMine::mnuProg_Click(int index)
     case 2:
         SoundOn = !SoundOn;
         mnuProg[2]->setChecked(SoundOn);
-        waveOutput.SetOpen(SoundOn);
+        HoldSoundDevice();
         break;
     case 3:
         ShowModal(new frmFame(this));
@@ -322,6 +321,7 @@ void frmMine::StartGame()
     DrawField();
     SetLevelMenuEnabled(false);
     Playing = true;
+    HoldSoundDevice();
     TimeLeft = Common::TimeLimit;
     DisplayBombs(FlagsLeft);
     DisplayTime(TimeLeft);

@@ -108,6 +108,9 @@ private:
     void Exit();
     void Form_Unload();
     void SetLevelMenuEnabled(bool enabled);
+    // Keeps the sound device open while a game runs with sound on, so that no press waits for
+    // it to open; at rest it closes once the last sound has ended.
+    void HoldSoundDevice();
     // Shows a dialog modally and waits until it has closed; it deletes itself.
     void ShowModal(QDialog *dialog);
 

@@ -194,6 +194,7 @@ void frmMine::Victory()
 {
     Timer->stop();
     Playing = false;
+    HoldSoundDevice();
     Smile(1);
     field->Announce(FaceMeaning(1));
     if (SoundOn)
@@ -216,6 +217,7 @@ void frmMine::LostGame(int thisIdx, bool skip)
 {
     Timer->stop();
     Playing = false;
+    HoldSoundDevice();
     SetLevelMenuEnabled(true);
     if (SoundOn)
         PlayWave(102);
@@ -267,4 +269,9 @@ int frmMine::ShownFace() const
 void frmMine::PlayWave(int id)
 {
     waveOutput.Play(id);
+}
+
+void frmMine::HoldSoundDevice()
+{
+    waveOutput.KeepOpen(Playing && SoundOn);
 }

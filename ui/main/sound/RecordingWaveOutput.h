@@ -4,18 +4,14 @@
 
 #include <QList>
 
-// Plays nothing; remembers which sounds were asked for while open, in order, so tests can check
-// them. Like the real output it takes no sound while closed.
+// Plays nothing; remembers which sounds were asked for, in order, and whether the output is
+// kept open, so tests can check them.
 class RecordingWaveOutput : public WaveOutput
 {
 public:
-    void SetOpen(bool open) override { Open = open; }
-    void Play(int id) override
-    {
-        if (Open)
-            Played.append(id);
-    }
+    void KeepOpen(bool keep) override { KeptOpen = keep; }
+    void Play(int id) override { Played.append(id); }
 
-    bool Open = false;
+    bool KeptOpen = false;
     QList<int> Played;
 };

@@ -2,12 +2,11 @@
 
 #include "WaveResource.h"
 
-namespace {
+#include <pthread.h>
 
-// The format every sound is decoded into and the device is opened with.
-constexpr int Frequency = 22050;
-constexpr SDL_AudioFormat SampleFormat = AUDIO_S16SYS;
-constexpr Uint8 Channels = 1;
+#include <utility>
+
+namespace {
 
 QMap<int, QByteArray> EmbeddedWaves()
 {
@@ -22,99 +21,88 @@ QMap<int, QByteArray> EmbeddedWaves()
 
 SdlWaveOutput::SdlWaveOutput() : SdlWaveOutput(EmbeddedWaves()) {}
 
-SdlWaveOutput::SdlWaveOutput(const QMap<int, QByteArray> &waves)
+SdlWaveOutput::SdlWaveOutput(const QMap<int, QByteArray> &waves, std::chrono::milliseconds linger)
+    : linger(linger)
 {
-    // Names the stream in the desktop's volume mixer.
-    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Velkaro");
-    // SDL would otherwise take SIGINT and SIGTERM for its own event queue, which nobody reads,
-    // and the game could no longer be stopped by a signal (at logout, say).
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     for (auto it = waves.cbegin(); it != waves.cend(); ++it) {
-        Decode(it.key(), it.value());
+        const QByteArray samples = SdlAudioDevice::Decode(it.value());
+        if (!samples.isEmpty()) {
+            sounds.insert(it.key(), samples);
+        }
     }
+    player = std::thread(&SdlWaveOutput::Serve, this);
 }
 
 SdlWaveOutput::~SdlWaveOutput()
 {
-    Close();
+    {
+        const std::lock_guard lock(mutex);
+        stopping = true;
+    }
+    requested.notify_one();
+    player.join();
 }
 
-void SdlWaveOutput::SetOpen(bool open)
+void SdlWaveOutput::KeepOpen(bool keepOpen)
 {
-    if (open) {
-        Open();
-    } else {
-        Close();
+    {
+        const std::lock_guard lock(mutex);
+        keep = keepOpen;
+        openAttempted = false;
     }
-}
-
-void SdlWaveOutput::Open()
-{
-    if (device != 0 || SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
-        return;
-    }
-    SDL_AudioSpec desired{};
-    desired.freq = Frequency;
-    desired.format = SampleFormat;
-    desired.channels = Channels;
-    // About 23 ms: the longest a new sound waits behind the block the device is already playing.
-    desired.samples = 512;
-    device = SDL_OpenAudioDevice(nullptr, 0, &desired, nullptr, 0);
-    if (device == 0) {
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    }
-}
-
-void SdlWaveOutput::Close()
-{
-    if (device == 0) {
-        return;
-    }
-    SDL_CloseAudioDevice(device);
-    device = 0;
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
-}
-
-void SdlWaveOutput::Decode(int id, const QByteArray &wave)
-{
-    SDL_AudioSpec waveSpec{};
-    Uint8 *samples = nullptr;
-    Uint32 length = 0;
-    SDL_RWops *source = SDL_RWFromConstMem(wave.constData(), int(wave.size()));
-    if (SDL_LoadWAV_RW(source, 1, &waveSpec, &samples, &length) == nullptr) {
-        return;
-    }
-    QByteArray converted(reinterpret_cast<const char *>(samples), qsizetype(length));
-    SDL_FreeWAV(samples);
-    SDL_AudioCVT cvt;
-    const int conversion = SDL_BuildAudioCVT(&cvt, waveSpec.format, waveSpec.channels,
-                                             waveSpec.freq, SampleFormat, Channels, Frequency);
-    if (conversion < 0) {
-        return;
-    }
-    if (conversion > 0) {
-        // The converter works in place and needs len_mult times the input as room.
-        cvt.len = int(converted.size());
-        converted.resize(converted.size() * cvt.len_mult);
-        cvt.buf = reinterpret_cast<Uint8 *>(converted.data());
-        converted.resize(SDL_ConvertAudio(&cvt) == 0 ? cvt.len_cvt : 0);
-    }
-    if (!converted.isEmpty()) {
-        sounds.insert(id, converted);
-    }
+    requested.notify_one();
 }
 
 void SdlWaveOutput::Play(int id)
 {
-    const auto sound = sounds.constFind(id);
-    if (device == 0 || sound == sounds.cend()) {
+    if (!sounds.contains(id)) {
         return;
     }
-    // Held across clear and queue so the audio thread never plays silence in between; SDL's
-    // device lock may be taken again by the thread holding it, as SDL_QueueAudio does.
-    SDL_LockAudioDevice(device);
-    SDL_ClearQueuedAudio(device);
-    SDL_QueueAudio(device, sound->constData(), Uint32(sound->size()));
-    SDL_PauseAudioDevice(device, 0);
-    SDL_UnlockAudioDevice(device);
+    {
+        const std::lock_guard lock(mutex);
+        pendingSound = id; // a sound not yet started is cut off by the newer one
+        openAttempted = false;
+    }
+    requested.notify_one();
+}
+
+bool SdlWaveOutput::ShouldOpen() const
+{
+    return !device.IsOpen() && !openAttempted && (keep || pendingSound != 0);
+}
+
+void SdlWaveOutput::Serve()
+{
+    // Named, so it can be told apart in a profiler or /proc.
+    pthread_setname_np(pthread_self(), "SoundPlayer");
+    std::unique_lock lock(mutex);
+    Clock::time_point closeAt;
+    while (!stopping) {
+        if (ShouldOpen()) {
+            openAttempted = true;
+            lock.unlock();
+            device.Open();
+            deviceId = device.Id();
+            lock.lock();
+        } else if (pendingSound != 0) {
+            const int id = std::exchange(pendingSound, 0);
+            if (device.IsOpen()) {
+                lock.unlock();
+                closeAt = Clock::now() + device.Start(sounds.value(id)) + linger;
+                lastStarted = id;
+                lock.lock();
+            }
+        } else if (device.IsOpen() && !keep) {
+            if (requested.wait_until(lock, closeAt) == std::cv_status::timeout &&
+                pendingSound == 0 && !keep) {
+                lock.unlock();
+                device.Close();
+                deviceId = 0;
+                lock.lock();
+            }
+        } else {
+            requested.wait(lock);
+        }
+    }
+    // The device closes with the object, after this thread has ended.
 }
