@@ -15,8 +15,8 @@ namespace {
 
 QString systemReason(const char *action, const QString &path)
 {
-    return QStringLiteral("%1 %2: %3").arg(QLatin1StringView(action), path,
-                                            QString::fromLocal8Bit(std::strerror(errno)));
+    return QStringLiteral("%1 %2: %3")
+        .arg(QLatin1StringView(action), path, QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 QString temporaryPath(const QString &path)
@@ -40,8 +40,8 @@ QString writeTemporary(const QString &temporary, QByteArrayView bytes)
 {
     const QByteArray name = QFile::encodeName(temporary);
     ::unlink(name.constData()); // a leftover of this process from an earlier save
-    const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                          0666);
+    const int fd =
+        ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
     if (fd < 0)
         return systemReason("cannot create", temporary);
     QString error;
@@ -85,6 +85,9 @@ void removeLeftoversBeside(const QString &path)
 QString WriteFileAtomically(const QString &path, QByteArrayView bytes)
 {
     const QString target = finalTarget(path);
+    // A file made read-only stays as it is, although renaming over it would work.
+    if (::access(QFile::encodeName(target).constData(), W_OK) != 0 && errno != ENOENT)
+        return systemReason("cannot replace", target);
     const QString temporary = temporaryPath(target);
     if (QString error = writeTemporary(temporary, bytes); !error.isEmpty())
         return error;

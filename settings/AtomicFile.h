@@ -11,7 +11,8 @@
 // such a temporary file, which RemoveWriteLeftovers removes at the next save.
 
 // Replaces or creates the file at path in one atomic step; when path is a symbolic link, the
-// file it points to is replaced and the link kept.
+// file it points to is replaced and the link kept. A file this user may not write is not
+// replaced.
 QString WriteFileAtomically(const QString &path, QByteArrayView bytes);
 
 // Creates path as a new file holding bytes, whole or not at all. Nothing already at path is

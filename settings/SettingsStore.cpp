@@ -187,7 +187,6 @@ bool SettingsStore::AddLine(QStringView line, Section *&current)
     const Entry entry{UnescapedIni(rawKey), UnescapedIni(trimmed(line.sliced(equals + 1)))};
     current->Entries.append(fittedEntry(entry));
     return current->Entries.back() == entry; // a text too long to be written back is damage
-
 }
 
 const SettingsStore::Section *SettingsStore::Find(QStringView name) const
