@@ -76,8 +76,8 @@ void skipRestOfLine(QFile &file, QByteArray &buffer)
 // The text cut at its end until its escaped form fits in MaxTextBytes.
 QString fitted(QString text, QString (*escape)(QStringView))
 {
-    for (qsizetype excess; (excess = escape(text).toUtf8().size() - MaxTextBytes) > 0;)
-        text.chop(excess); // each character takes at least one byte
+    for (qsizetype bytes; (bytes = escape(text).toUtf8().size()) > MaxTextBytes;)
+        text.chop((bytes - MaxTextBytes) * text.size() / bytes + 1); // in proportion to the excess
     return text;
 }
 

@@ -193,6 +193,44 @@ private slots:
         }
     }
 
+    // Two games running at once: the one that ends last keeps what the other saved meanwhile,
+    // the best five of each table, and the other's options unless it changed them itself.
+    void twoGamesKeepBothRecords()
+    {
+        const std::tuple<const char *, bool, QByteArray> cases[] = {
+            {"options left alone keep the other game's", false, "Sound=Vero\nLevel=2\n"},
+            {"options changed here are this game's", true, "Sound=True\nLevel=1\n"}};
+        for (const auto &[name, changedHere, options] : cases) {
+            writeFile("[Game]\nSound=Falso\n[Easy]\nA=100\nB=200\nC=300\nD=400\nE=500\n");
+            QVERIFY(!ReadSettings());
+            writeFile(
+                "[Game]\nSound=Vero\nLevel=2\n[Easy]\nOther=50\nA=100\nB=200\nC=300\nD=400\n");
+            Common::Level = changedHere ? 1 : 0;
+            MakeRoomAt(Common::EasyRecords, 2);
+            WriteRecordRow(Common::EasyRecords, 2, "Mine", 250);
+            WriteSettings(changedHere, QLocale(QLocale::English));
+            QVERIFY2(readFile().contains("[Game]\n" + options), name);
+            QVERIFY(readFile().contains("[Easy]\nOther=50\nA=100\nB=200\nMine=250\nC=300\n\n"));
+        }
+    }
+
+    // A stored name too long to be written back whole is cut to fit and its file kept aside,
+    // so that the game's own save reads back whole. The rest of a line over 1 MiB is no line.
+    void longStoredNamesAreCutToFit()
+    {
+        const QByteArray tooLong = QByteArray(1 << 20, 'y') + "Z=9\n";
+        writeFile("[Easy]\nx" + QByteArray(600000, '\t') + "x=1\n" + tooLong + Rows.sliced(4));
+        const QByteArray original = readFile();
+        QVERIFY(!ReadSettings());
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("damaged; it is kept"));
+        WriteSettings(false);
+        const QString written = tablesText();
+        QVERIFY(written.startsWith("x\t\t\t") && !written.contains("Z"));
+        QVERIFY(!ReadSettings());
+        QCOMPARE(tablesText(), written);
+        QVERIFY(readFile(".damaged") == original);
+    }
+
     // A save that fails says why on stderr, once, and leaves the file as it was. A full disk is
     // simulated with a file size limit, which binds every user.
     void failedSavesSayWhy()
