@@ -46,19 +46,6 @@ TerminationSignals::TerminationSignals(QObject *parent) : QObject(parent)
     }
 }
 
-TerminationSignals::~TerminationSignals()
-{
-    for (const int number : Watched) {
-        struct sigaction current = {};
-        if (sigaction(number, nullptr, &current) == 0 && current.sa_handler == onSignal)
-            std::signal(number, SIG_DFL);
-    }
-    for (const int socket : sockets) {
-        if (socket >= 0)
-            ::close(socket);
-    }
-}
-
 void TerminationSignals::Drain()
 {
     char bytes[16];
