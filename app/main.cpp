@@ -1,12 +1,14 @@
 #include "AccessibleFactory.h"
 #include "ClockRandomSource.h"
 #include "SdlWaveOutput.h"
+#include "TerminationSignals.h"
 #include "frmMine.h"
 
 #include <QAccessible>
 #include <QApplication>
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -16,6 +18,18 @@ bool hasDesktopSession()
     return !qEnvironmentVariableIsEmpty("DISPLAY") ||
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+// The window whose settings are still to be saved when the program ends through exit().
+frmMine *unsavedWindow = nullptr;
+
+// When the X server goes away, Qt's xcb platform ends the program with exit() from the event
+// loop, on this thread. exit() does not unwind main, so the window still exists, and the save
+// touches only files and the window's own variables, never the lost display.
+void saveSettingsAtExit()
+{
+    if (unsavedWindow)
+        unsavedWindow->Form_Unload();
 }
 
 } // namespace
@@ -33,6 +47,19 @@ int main(int argc, char *argv[])
     SdlWaveOutput sound;
     ClockRandomSource random;
     frmMine window(sound, random);
+    // A termination signal and the end of the session (logout, shutdown) end the game as the
+    // Exit command does: the settings are saved once, then the program ends.
+    TerminationSignals terminationSignals;
+    const auto exitGame = [&window] { window.mnuProg_Click(4); };
+    QObject::connect(&terminationSignals, &TerminationSignals::Received, &window, exitGame);
+    QObject::connect(&app, &QGuiApplication::commitDataRequest, &window, exitGame);
+    unsavedWindow = &window;
+    std::atexit(saveSettingsAtExit);
     window.Form_Load();
-    return app.exec();
+    const int status = app.exec();
+    // The event loop may also end without the window being closed, as when the session
+    // manager tells the program to quit.
+    window.Form_Unload();
+    unsavedWindow = nullptr;
+    return status;
 }

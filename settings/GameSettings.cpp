@@ -5,6 +5,7 @@
 #include "RecordInsertion.h"
 #include "SettingsStore.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -19,6 +20,11 @@ const std::array<QString, 3> RecordSections = {QStringLiteral("Easy"), QStringLi
 
 // False once start-up found a file it could not read: what that file holds is never written over.
 bool mayWriteFile = true;
+
+// What the file held when this run started, to tell what another instance saved since.
+std::array<QList<SettingsStore::Entry>, 3> rowsAtStart;
+bool soundAtStart = false;
+int levelAtStart = Common::LevelEasy;
 
 QString placeholderName(int row)
 {
@@ -87,6 +93,52 @@ void resetRecords(SettingsStore &store)
     }
 }
 
+bool holdsRecords(const SettingsStore &store)
+{
+    return std::any_of(RecordSections.begin(), RecordSections.end(),
+                       [&store](const QString &section) { return !store.List(section).isEmpty(); });
+}
+
+bool holdsOption(const SettingsStore &store, const QString &key)
+{
+    const QList<SettingsStore::Entry> options = store.List(GameSection);
+    return std::any_of(options.begin(), options.end(),
+                       [&key](const SettingsStore::Entry &option) { return option.Key == key; });
+}
+
+// The rows stored now that were not stored when this run started, each counted once.
+QList<SettingsStore::Entry> rowsAddedSinceStart(const SettingsStore &store, int level)
+{
+    QList<SettingsStore::Entry> added = store.List(RecordSections[level]);
+    for (const SettingsStore::Entry &row : rowsAtStart[level]) {
+        if (const qsizetype found = added.indexOf(row); found >= 0)
+            added.remove(found);
+    }
+    return added;
+}
+
+// Each row goes where a win of its time would go, behind the rows of an equal time.
+void insertRows(RecordTable &table, const QList<SettingsStore::Entry> &rows)
+{
+    for (const SettingsStore::Entry &row : rows) {
+        const int at = RecordRowFor(table, WholeValue(NumericValue(row.Value)));
+        if (at < 0)
+            continue;
+        MakeRoomAt(table, at);
+        table[at] = {row.Key, row.Value};
+    }
+}
+
+void saveSayingWhyNot(SettingsStore &store)
+{
+    // An unreadable file has already said so, when it was read.
+    if (!store.Save() && store.State() != SettingsStore::FileState::Unreadable)
+        qWarning("Velkaro: the settings could not be saved to %s (%s); the records and options "
+                 "of this game are lost.",
+                 qUtf8Printable(SettingsStore::DefaultFilePath()),
+                 qUtf8Printable(store.SaveError()));
+}
+
 } // namespace
 
 bool ReadSettings()
@@ -97,11 +149,17 @@ bool ReadSettings()
     const bool soundOn = booleanValue(store.Read(GameSection, SoundKey, QStringLiteral("Falso")));
     Common::Level = storedLevel(store.Read(GameSection, LevelKey, QStringLiteral("0")));
     if (store.List(RecordSections[0]).size() != int(RecordTable().size())) {
+        if (holdsRecords(store))
+            store.MarkDamaged();
         dropForeignSections(store);
         resetRecords(store);
-        store.Save();
+        saveSayingWhyNot(store);
         listTables(store);
     }
+    for (std::size_t level = 0; level < RecordSections.size(); ++level)
+        rowsAtStart[level] = store.List(RecordSections[level]);
+    soundAtStart = soundOn;
+    levelAtStart = Common::Level;
     return soundOn;
 }
 
@@ -115,16 +173,24 @@ void WriteSettings(bool soundOn, const QLocale &locale)
     if (!mayWriteFile)
         return;
     SettingsStore store(SettingsStore::DefaultFilePath());
+    std::array<RecordTable, 3> tables;
+    for (std::size_t level = 0; level < RecordSections.size(); ++level) {
+        tables[level] = RecordsOfLevel(int(level));
+        insertRows(tables[level], rowsAddedSinceStart(store, int(level)));
+        if (store.List(RecordSections[level]).size() > int(RecordTable().size()))
+            store.MarkDamaged(); // rows beyond five would be dropped
+    }
     dropForeignSections(store);
     deleteRecordSections(store);
     // Rows go in by Append, not Write: a player holding several rows of one table keeps them all.
     for (std::size_t row = 0; row < RecordTable().size(); ++row) {
-        for (std::size_t level = 0; level < RecordSections.size(); ++level) {
-            const RecordRow &record = RecordsOfLevel(int(level))[row];
-            store.Append(RecordSections[level], record.Name, record.Time);
-        }
+        for (std::size_t level = 0; level < RecordSections.size(); ++level)
+            store.Append(RecordSections[level], tables[level][row].Name, tables[level][row].Time);
     }
-    store.Write(GameSection, SoundKey, booleanText(soundOn, locale));
-    store.Write(GameSection, LevelKey, QString::number(Common::Level));
-    store.Save();
+    // An option this run left as it found it keeps what another instance stored since.
+    if (soundOn != soundAtStart || !holdsOption(store, SoundKey))
+        store.Write(GameSection, SoundKey, booleanText(soundOn, locale));
+    if (Common::Level != levelAtStart || !holdsOption(store, LevelKey))
+        store.Write(GameSection, LevelKey, QString::number(Common::Level));
+    saveSayingWhyNot(store);
 }

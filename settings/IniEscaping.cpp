@@ -19,9 +19,10 @@ bool isHexDigit(QChar c)
     return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
 }
 
+// Also the byte-order mark, which many readers drop at the start of a line.
 bool isControl(char16_t c)
 {
-    return c < 0x20 || c == 0x7f;
+    return c < 0x20 || c == 0x7f || c == 0xfeff;
 }
 
 QString escaped(QStringView text, bool key)

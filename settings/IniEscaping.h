@@ -7,7 +7,8 @@
 // is, so the file stays readable, except for what would otherwise be misread:
 //   backslash                          \\   (always)
 //   newline, carriage return, tab      \n \r \t   (always)
-//   other control characters and
+//   other control characters, the
+//   byte-order mark U+FEFF and
 //   unpaired surrogates                \uHHHH   (always, four hex digits)
 //   blanks at the start or the end     \s   (the reader trims raw blanks around keys and values)
 // and in keys only:

@@ -3,20 +3,28 @@
 #include "AtomicFile.h"
 #include "IniEscaping.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
 
+#include <QStringDecoder>
+
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 
 namespace {
 
-// Far more than the longest line the game writes (a name of at most 32767 characters, each
-// escaped to at most six bytes) and than the largest file (fifteen such names and their times).
+// Far more than the longest line a player's name makes (at most 32767 characters, each escaped
+// to at most six bytes) and than the largest file (fifteen such names and their times).
 constexpr qint64 MaxLineBytes = 1 << 20;
 constexpr qint64 MaxReadBytes = 64 << 20;
+// A key or a value takes at most half a line once escaped, with room for " #n", '=' and the
+// line end, so that whatever is written is read back.
+constexpr qsizetype MaxTextBytes = MaxLineBytes / 2 - 16;
+// ".damaged", then ".damaged.2" to ".damaged.9".
+constexpr int MaxDamagedCopies = 9;
 
 bool isBlank(QChar c)
 {
@@ -63,6 +71,33 @@ void skipRestOfLine(QFile &file, QByteArray &buffer)
         if (length <= 0 || buffer[length - 1] == '\n')
             return;
     }
+}
+
+// The text cut at its end until its escaped form fits in MaxTextBytes.
+QString fitted(QString text, QString (*escape)(QStringView))
+{
+    for (qsizetype bytes; (bytes = escape(text).toUtf8().size()) > MaxTextBytes;)
+        text.chop((bytes - MaxTextBytes) * text.size() / bytes + 1); // in proportion to the excess
+    return text;
+}
+
+SettingsStore::Entry fittedEntry(const SettingsStore::Entry &entry)
+{
+    return {fitted(entry.Key, EscapedIniKey), fitted(entry.Value, EscapedIniValue)};
+}
+
+// UTF-8 as it is: unlike QString::fromUtf8, a byte-order mark that starts the line is kept.
+QString decodedLine(QByteArrayView line)
+{
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return decoder(line);
+}
+
+bool isSameFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return !QFileInfo(path).isSymLink() && file.size() == bytes.size() &&
+           file.open(QIODevice::ReadOnly) && file.readAll() == bytes;
 }
 
 } // namespace
@@ -119,7 +154,7 @@ void SettingsStore::Load()
             m_state = FileState::Damaged;
             continue;
         }
-        understood = AddLine(trimmed(QString::fromUtf8(line)), current) && understood;
+        understood = AddLine(trimmed(decodedLine(line)), current) && understood;
         if (!understood || isForeignText(line))
             m_state = FileState::Damaged;
     }
@@ -149,8 +184,9 @@ bool SettingsStore::AddLine(QStringView line, Section *&current)
     if (equals < 0 || current == nullptr)
         return false;
     const QStringView rawKey = withoutRepeatMark(trimmed(line.first(equals)));
-    current->Entries.append({UnescapedIni(rawKey), UnescapedIni(trimmed(line.sliced(equals + 1)))});
-    return true;
+    const Entry entry{UnescapedIni(rawKey), UnescapedIni(trimmed(line.sliced(equals + 1)))};
+    current->Entries.append(fittedEntry(entry));
+    return current->Entries.back() == entry; // a text too long to be written back is damage
 }
 
 const SettingsStore::Section *SettingsStore::Find(QStringView name) const
@@ -234,34 +270,74 @@ QString SettingsStore::Text() const
         text += u'[' + EscapedIniValue(section.Name) + QStringLiteral("]\n");
         QHash<QString, int> seen;
         for (const Entry &entry : section.Entries) {
-            text += EscapedIniKey(entry.Key);
-            if (const int occurrence = ++seen[entry.Key]; occurrence > 1)
+            const Entry written = fittedEntry(entry);
+            text += EscapedIniKey(written.Key);
+            if (const int occurrence = ++seen[written.Key]; occurrence > 1)
                 text += QStringLiteral(" #") + QString::number(occurrence);
-            text += u'=' + EscapedIniValue(entry.Value) + u'\n';
+            text += u'=' + EscapedIniValue(written.Value) + u'\n';
         }
     }
     return text;
 }
 
+void SettingsStore::MarkDamaged()
+{
+    if (m_state == FileState::Whole)
+        m_state = FileState::Damaged;
+}
+
+QString SettingsStore::SaveError() const
+{
+    return m_saveError;
+}
+
 bool SettingsStore::Save()
 {
-    if (m_state == FileState::Unreadable || !QDir().mkpath(QFileInfo(m_filePath).absolutePath()))
+    m_saveError.clear();
+    const QString folder = QFileInfo(m_filePath).absolutePath();
+    if (m_state == FileState::Unreadable)
+        m_saveError = QStringLiteral("the file could not be read when the game started");
+    else if (!QDir().mkpath(folder))
+        m_saveError = QStringLiteral("cannot create the folder %1: %2")
+                          .arg(folder, QString::fromLocal8Bit(std::strerror(errno)));
+    if (!m_saveError.isEmpty())
         return false;
-    const QString damagedCopyPath = m_filePath + QStringLiteral(".damaged");
     RemoveWriteLeftovers(m_filePath);
-    RemoveWriteLeftovers(damagedCopyPath);
-    if (m_state == FileState::Damaged) {
-        QFile original(m_filePath);
-        if (!original.open(QIODevice::ReadOnly) || !WriteFileAtomically(damagedCopyPath, original))
-            return false;
-        qWarning("Velkaro: the settings file %s was damaged; it is kept as it was in %s and "
-                 "written anew with the game's own settings.",
-                 qUtf8Printable(m_filePath), qUtf8Printable(damagedCopyPath));
-    }
-    QByteArray bytes = Text().toUtf8();
-    QBuffer source(&bytes);
-    if (!source.open(QIODevice::ReadOnly) || !WriteFileAtomically(m_filePath, source))
+    if (m_state == FileState::Damaged && !KeepDamagedOriginal())
+        return false;
+    m_saveError = WriteFileAtomically(m_filePath, Text().toUtf8());
+    if (!m_saveError.isEmpty())
         return false;
     m_state = FileState::Whole;
     return true;
+}
+
+bool SettingsStore::KeepDamagedOriginal()
+{
+    QFile file(m_filePath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        m_saveError = file.errorString();
+        return false;
+    }
+    const QByteArray original = file.readAll();
+    for (int number = 1; number <= MaxDamagedCopies; ++number) {
+        QString copy = m_filePath + QStringLiteral(".damaged");
+        if (number > 1)
+            copy += u'.' + QString::number(number);
+        if (isSameFile(copy, original))
+            return true;
+        bool taken = false;
+        m_saveError = CreateFileAtomically(copy, original, m_filePath, taken);
+        if (m_saveError.isEmpty()) {
+            qWarning("Velkaro: the settings file %s was damaged; it is kept as it was in %s and "
+                     "written anew with the game's own settings.",
+                     qUtf8Printable(m_filePath), qUtf8Printable(copy));
+            return true;
+        }
+        if (!taken)
+            return false;
+    }
+    m_saveError = QStringLiteral("the copies of earlier damaged files take every name up to ") +
+                  m_filePath + QStringLiteral(".damaged.") + QString::number(MaxDamagedCopies);
+    return false;
 }

@@ -23,11 +23,15 @@
 // game does not write makes the file Damaged but stops nothing: lines with neither a section
 // header nor '=' and values before the first header are skipped, as are lines longer than
 // 1 MiB (line end included); invalid UTF-8 becomes replacement characters, and so do other
-// text encodings; a cut-off last line is read; reading stops after 64 MiB.
+// text encodings; a cut-off last line is read; reading stops after 64 MiB. A key or a value
+// whose escaped form would take more than half a line is cut to fit, and that too is damage:
+// whatever the store writes, it reads back whole.
 //
 // The file is never lost by saving over it: a file that exists but cannot be read is never
 // written over, and the first save over a damaged file first keeps it, byte for byte, as
-// "<file>.damaged" (one copy, replaced by the next damaged file). Each says so on stderr.
+// "<file>.damaged", created as a new file. A copy made from another original is never
+// replaced: the next free name of ".damaged.2" to ".damaged.9" is taken, and when none is
+// free the save fails. An original already kept under one of these names is not kept again.
 class SettingsStore
 {
 public:
@@ -71,11 +75,17 @@ public:
     // Removes every section whose name is not one of names.
     void KeepOnlySections(const QStringList &names);
 
+    // The next save keeps the file as it was read, as for a damaged file, before it drops
+    // anything of it. A missing or unreadable file stays as it is.
+    void MarkDamaged();
+
     // Writes the whole store to the file in one atomic step, creating its folder when missing,
     // and removes the temporary files that an earlier save cut short by a kill left beside it.
-    // Returns false, leaving any old file untouched, when the file cannot be written, was
-    // Unreadable, or was Damaged and its copy could not be kept. After a save the file is Whole.
+    // Returns false, leaving any old file untouched and SaveError saying why, when the file
+    // cannot be written, was Unreadable, or was Damaged and its copy could not be kept. After
+    // a save the file is Whole.
     bool Save();
+    QString SaveError() const;
 
     // The file content that Save writes.
     QString Text() const;
@@ -89,6 +99,7 @@ private:
 
     void Load();
     void RefuseSaving(const QString &reason);
+    bool KeepDamagedOriginal();
     bool AddLine(QStringView line, Section *&current);
     const Section *Find(QStringView name) const;
     Section &FindOrAdd(const QString &name);
@@ -96,6 +107,7 @@ private:
 
     QString m_filePath;
     FileState m_state = FileState::Missing;
+    QString m_saveError;
     QList<Section> m_sections;
     QHash<QString, qsizetype> m_sectionIndex; // position of each section in m_sections
 };

@@ -1,3 +1,4 @@
+#include "AtomicFile.h"
 #include "Common.h"
 #include "GameSettings.h"
 #include "RecordInsertion.h"
@@ -7,8 +8,10 @@
 
 #include <csignal>
 #include <linux/capability.h>
+#include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 
 namespace {
 
@@ -105,31 +108,33 @@ private slots:
         const QByteArray crlf =
             QByteArray("Sound=yes\nLevel=2.5\nLevel=1\n" + Easy).replace("\n", "\r\n");
         const QString kept = Rows + Unwon + Unwon, reset = Unwon + Unwon + Unwon;
-        const std::tuple<QByteArray, int, bool, QString, bool> cases[] = {
-            {"Sound=vERO\nLevel=3\nnonsense\n" + Easy, 0, true, kept, true},
-            {"Sound=TRUE\nLevel=1.5\n" + Easy.chopped(1), 2, true, kept, true},
-            {crlf, 2, false, kept, false},
-            {"Sound=1\nLevel=1\xff\n[Easy]\n\xc3\x28=1\n" + Rows.sliced(4), 1, false,
-             "\uFFFD(=1\n" + kept.sliced(4), true},
-            {"Sound=\nLevel=x\n" + Easy.chopped(4) + "[Medium]\n" + Rows, 0, false, reset, false},
-            {"Sound=Vero!\nLevel=99999999999\n" + Easy + "F=6\n", 0, false, reset, false},
-            {"Sound=falso\nLevel=-1\n" + Easy + "[Medium]\nM=7\nN=8\n[Hard]\n" + Rows + "F=6\n", 0,
-             false, Rows + "M=7\nN=8\n" + Unwon.sliced(24) + Rows, false},
-            {utf16, 0, false, reset, true},
-            {huge, 2, false, kept, true}};
-        QByteArray keptAside;
-        for (const auto &[stored, level, soundOn, tables, damaged] : cases) {
+        // The last column: whether the original is kept aside before anything of it is dropped.
+        const std::tuple<const char *, QByteArray, int, bool, QString, bool> cases[] = {
+            {"junk line", "Sound=vERO\nLevel=3\nnonsense\n" + Easy, 0, true, kept, true},
+            {"cut-off last line", "Sound=TRUE\nLevel=1.5\n" + Easy.chopped(1), 2, true, kept, true},
+            {"CRLF line ends", crlf, 2, false, kept, false},
+            {"invalid UTF-8", "Sound=1\nLevel=1\xff\n[Easy]\n\xc3\x28=1\n" + Rows.sliced(4), 1,
+             false, "\uFFFD(=1\n" + kept.sliced(4), true},
+            {"four Easy rows", "Sound=\nLevel=x\n" + Easy.chopped(4) + "[Medium]\n" + Rows, 0,
+             false, reset, true},
+            {"six Easy rows", "Sound=Vero!\nLevel=99999999999\n" + Easy + "F=6\n", 0, false, reset,
+             true},
+            {"six Hard rows",
+             "Sound=falso\nLevel=-1\n" + Easy + "[Medium]\nM=7\nN=8\n[Hard]\n" + Rows + "F=6\n", 0,
+             false, Rows + "M=7\nN=8\n" + Unwon.sliced(24) + Rows, true},
+            {"UTF-16", utf16, 0, false, reset, true},
+            {"huge", huge, 2, false, kept, true}};
+        for (const auto &[name, stored, level, soundOn, tables, damaged] : cases) {
             writeFile("[Other]\nx=1\n[Game]\n" + stored);
             if (damaged)
                 QTest::ignoreMessage(QtWarningMsg, QRegularExpression("damaged; it is kept"));
-            keptAside = damaged ? readFile() : keptAside;
-            const QDeadlineTimer deadline(3000);
+            const QByteArray original = readFile();
             QCOMPARE(ReadSettings(), soundOn);
-            QVERIFY(!deadline.hasExpired());
             QCOMPARE(Common::Level, level);
             QCOMPARE(tablesText(), tables);
             WriteSettings(soundOn);
-            QVERIFY(readFile(".damaged") == keptAside);
+            QVERIFY2(readFile(".damaged") == (damaged ? original : QByteArray()), name);
+            QFile::remove(filePath + ".damaged");
             const QRegularExpression foreign("(?m)^\\[(?!(Game|Easy|Medium|Hard)]$)"); // [Other]
             QCOMPARE(QString(readFile()).contains(foreign), !damaged);
             QCOMPARE(SettingsStore(filePath).State(), SettingsStore::FileState::Whole);
@@ -158,23 +163,157 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, refusal);
         WriteSettings(true);
         QVERIFY(QFile::setPermissions(filePath, QFile::ReadOwner | QFile::WriteOwner));
+    }
 
-        // A full disk is simulated with a file size limit, which binds every user. The temporary
-        // files of saves cut short by a kill go at the next save, the player's own copies not.
-        SettingsStore store(filePath);
+    // A termination signal ends a running game as Exit does, with the settings saved.
+    void signalsSaveLikeExit()
+    {
+        for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+            writeFile(Easy);
+            QProcess game;
+            // As from a terminal: a shell running a job in the background ignores SIGINT.
+            game.setChildProcessModifier([] { std::signal(SIGINT, SIG_DFL); });
+            game.start(VELKARO_PROGRAM);
+            QVERIFY(game.waitForStarted()); // past exec: the test's own handlers are gone
+            const auto caught = [&] {
+                QFile status("/proc/" + QString::number(game.processId()) + "/status");
+                status.open(QIODevice::ReadOnly);
+                const auto mask = QRegularExpression("SigCgt:\\s*(\\w+)").match(status.readAll());
+                return (mask.captured(1).toULongLong(nullptr, 16) >> (signal - 1)) & 1;
+            };
+            QTRY_VERIFY_WITH_TIMEOUT(caught(), 60000);
+            kill(pid_t(game.processId()), signal);
+            QVERIFY(game.waitForFinished(-1));
+            QVERIFY2(QString(readFile()).contains("\n[Medium]\n" + Unwon), strsignal(signal));
+        }
+    }
+
+    // Two games running at once: the one that ends last keeps what the other saved meanwhile,
+    // the best five of each table, and the other's options unless it changed them itself.
+    void twoGamesKeepBothRecords()
+    {
+        // The other game's options, whether this game changed its own, and the options saved.
+        const std::tuple<const char *, QByteArray, bool, QByteArray> cases[] = {
+            {"left alone: the other's, a missing one this game's", "Sound=Vero", false,
+             "Sound=Vero\nLevel=0\n"},
+            {"changed here: this game's", "Sound=Vero\nLevel=2", true, "Sound=True\nLevel=1\n"}};
+        for (const auto &[name, otherOptions, changedHere, options] : cases) {
+            writeFile("[Game]\nSound=Falso\n[Easy]\nA=100\nB=200\nC=300\nD=400\nE=500\n");
+            QVERIFY(!ReadSettings());
+            writeFile("[Game]\n" + otherOptions +
+                      "\n[Easy]\nOther=50\nA=100\nB=200\nC=300\nD=400\n");
+            Common::Level = changedHere ? 1 : 0;
+            Common::EasyRecords = {
+                {{"A", "100"}, {"B", "200"}, {"Mine", "250"}, {"C", "300"}, {"D", "400"}}};
+            WriteSettings(changedHere, QLocale(QLocale::English));
+            QVERIFY2(readFile().contains("[Game]\n" + options), name);
+            QVERIFY(readFile().contains("[Easy]\nOther=50\nA=100\nB=200\nMine=250\nC=300\n\n"));
+        }
+    }
+
+    // A stored name too long to be written back whole is cut to fit and its file kept aside,
+    // so that the game's own save reads back whole. The rest of a line over 1 MiB is no line.
+    void longStoredNamesAreCutToFit()
+    {
+        const QByteArray tooLong = QByteArray(1 << 20, 'y') + "Z=9\n";
+        writeFile("[Easy]\nx" + QByteArray(600000, '\t') + "x=1\n" + tooLong + Rows.sliced(4));
+        QVERIFY(!ReadSettings());
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("damaged; it is kept"));
+        WriteSettings(false);
+        const QString written = tablesText();
+        QVERIFY(written.startsWith("x\t\t\t") && !written.contains("Z"));
+        QVERIFY(!ReadSettings());
+        QCOMPARE(tablesText(), written);
+    }
+
+    // A save that fails says why on stderr, once, and leaves the file as it was. A full disk is
+    // simulated with a file size limit, which binds every user.
+    void failedSavesSayWhy()
+    {
         rlimit normal{};
         getrlimit(RLIMIT_FSIZE, &normal);
         const rlimit tiny{8, normal.rlim_max};
         std::signal(SIGXFSZ, SIG_IGN);
-        QVERIFY(setrlimit(RLIMIT_FSIZE, &tiny) == 0);
-        QVERIFY(!store.Save());
-        setrlimit(RLIMIT_FSIZE, &normal);
-        QCOMPARE(readFile(), stored);
-        for (const char *name : {".AbcDef", ".damaged.xYzabc", ".backup"})
+        const QString folder = QFileInfo(filePath).path();
+        const std::tuple<const char *, std::function<void()>, QString> cases[] = {
+            {"full disk", [&] { setrlimit(RLIMIT_FSIZE, &tiny); }, "File too large"},
+            {"read-only folder", [&] { QFile::setPermissions(folder, QFile::ExeOwner); },
+             "Permission denied"},
+            {"read-only file", [&] { QFile::setPermissions(filePath, QFile::ReadOwner); },
+             "Permission denied"},
+            {"config home is a file", [&] { qputenv("XDG_CONFIG_HOME", filePath.toUtf8()); },
+             "Not a directory"}};
+        for (const auto &[name, breakSaving, reason] : cases) {
+            writeFile("[Game]\nLevel=2\n" + Easy);
+            QVERIFY(!ReadSettings());
+            breakSaving();
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("not be saved.*" + reason));
+            WriteSettings(true);
+            setrlimit(RLIMIT_FSIZE, &normal);
+            QProcess::execute("chmod", {"-R", "u+rwx", folder});
+            init();
+            QVERIFY2(readFile() == "[Game]\nLevel=2\n" + Easy, name);
+        }
+    }
+
+    // A damaged original is kept once, as a new file: never through a link, never over the copy
+    // of another original. Temporary files go at the next save only when their process is gone,
+    // beside the file a linked INI points to as well; names the game does not make stay.
+    void copiesAndLeftovers()
+    {
+        const QString real = config.path(), other = real + "/players-own-file";
+        QDir().mkpath(QFileInfo(filePath).path());
+        QFile::link(other, filePath + ".damaged");
+        QFile::link(real + "/target.ini", filePath);
+        // A save killed after its temporary file was made, with the INI a link.
+        const int watch = inotify_init1(IN_CLOEXEC);
+        inotify_add_watch(watch, real.toUtf8(), IN_CREATE);
+        const pid_t saver = fork();
+        if (saver == 0)
+            _exit(int(WriteFileAtomically(filePath, QByteArray(30 << 20, 'x')).size()));
+        QVERIFY(read(watch, QByteArray(4096, 0).data(), 4096) > 0);
+        kill(saver, SIGKILL);
+        waitpid(saver, nullptr, 0);
+        QCOMPARE(QDir(real).entryList(QDir::Files).size(), 1); // its temporary file
+        const QByteArray own = "." + QByteArray::number(getpid()) + ".tmp";
+        for (const QByteArray &name :
+             QByteArrayList{own, ".AbcDef", ".backup", ".1.tmp", ".damaged.2.x.tmp"})
             QFile(filePath + name).open(QIODevice::WriteOnly);
-        QVERIFY(store.Save());
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("kept as it was in .*\\.2 "));
+        for (int run = 0; run < 2; ++run) { // the second run finds its original kept already
+            writeFile("junk\n" + Easy);     // through the link
+            QVERIFY(SettingsStore(filePath).Save());
+        }
+        QVERIFY(!QFile::exists(other) && readFile(".damaged.2") == "junk\n" + Easy);
+        QCOMPARE(QDir(real).entryList(QDir::Files), QStringList({"target.ini"}));
         QCOMPARE(QFileInfo(filePath).dir().entryList(QDir::Files),
-                 QStringList({"Velkaro.ini", "Velkaro.ini.backup"}));
+                 QStringList({"Velkaro.ini", "Velkaro.ini.1.tmp", "Velkaro.ini.AbcDef",
+                              "Velkaro.ini.backup", "Velkaro.ini.damaged.2",
+                              "Velkaro.ini.damaged.2.x.tmp"}));
+    }
+
+    // A name is read back as it was written, whatever a player typed or pasted: a
+    // deterministic run over names made of the pieces that need escaping, up to the name
+    // box's 32767 characters.
+    void namesReadBackWhole()
+    {
+        const QStringList pieces =
+            QString::fromUtf16(
+                u"\uFEFF|\xD800|\xDC00|\U0001F600|\x01\x7f|\t\n\r| \\=#;[|x #2|\uFFFE\uFFFF|é東")
+                .split(u'|');
+        QRandomGenerator random(17);
+        for (int round = 0; round < 40; ++round) {
+            for (int c = 0; c < 15; ++c) {
+                RecordRow &row = RecordsOfLevel(c / 5)[c % 5] = {{}, QString::number(c)};
+                while (random.bounded(8) != 0)
+                    row.Name += pieces[random.bounded(10)];
+            }
+            Common::HardRecords[4].Name.fill(QChar(0xDC00), round * 840); // up to 32760
+            const QString written = tablesText();
+            WriteSettings(false);
+            QVERIFY(!ReadSettings());
+            QCOMPARE(tablesText(), written);
+        }
     }
 };
 

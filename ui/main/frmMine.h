@@ -37,6 +37,9 @@ public:
     // Start-up: reads the settings, shows the window in Italian and builds the first field of
     // the stored level. No game runs until New game.
     void Form_Load();
+    // Shutdown: saves the settings and records, once however often the program's ending
+    // reaches it (close box, Exit, a signal, the end of the session or of the display).
+    void Form_Unload();
 
     // Builds a new field of Common::Level (its preset first) with every cell covered, the
     // normal face and both counters at 0, and fits the window to it. Neither starts nor stops
@@ -106,7 +109,6 @@ private:
     void CarryOut(FieldRequest request);
     void StartGame();
     void Exit();
-    void Form_Unload();
     void SetLevelMenuEnabled(bool enabled);
     // Keeps the sound device open while a game runs with sound on, so that no press waits for
     // it to open; at rest it closes once the last sound has ended.
