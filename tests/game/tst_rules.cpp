@@ -89,12 +89,11 @@ void tst_Rules::floodOpensItsRegionDepthFirstOneEmptyCellPerStep()
     // A board, then the order its cells open in from the cell 'a': 'b' next, and so on; '#'
     // stays covered.
     const Row floods[] = {
-        {"the eight neighbours in turn: the row above, left, right, the row below", //
-         "....\n?...\n...*", "bcde\nhafg\nijk#"},
-        {"a flagged empty cell is opened and the flood goes on past it", //
+        {"the eight neighbours in turn: the row above, left, right, the row below; the last one "
+         "touches the region only at its lower right corner",
+         "..*..\n.....\n*...*\n.....\n..*..", "#####\n#bcd#\n#eaf#\n#ghi#\n#####"},
+        {"depth first, and a flagged empty cell is opened and the flood goes on past it",
          "..f..\n.....\n..*..", "abcde\nlkjfg\nmn#hi"},
-        {"a number touching the region only at its lower right corner is opened", //
-         "..*\n...\n*.*", "ab#\ncd#\n###"},
     };
     for (const Row &flood : floods) {
         Minefield field = Board(flood.input);
