@@ -205,15 +205,17 @@ private slots:
         const QString digits = QString(400, u'9');
         const Row texts[] = {
             {"blanks and tabs before the number are skipped, letters end it", " \t 12abc", "12"},
-            {"a minus sign", "-8", "-8"},
             {"a plus sign, and the full stop is the decimal point", "+2.5", "2.5"},
             {"a second full stop or a comma ends the number", ".5.3,1", "0.5"},
             {"an exponent with its sign", "25E-1", "2.5"},
             {"an E and a sign without digits are not part of the number", "3e+x", "3"},
-            {"a text without a number reads as 0", "-.e5", "0"},
+            {"a text without a number reads as 0, without a sign", "-.e5", "0"},
+            {"a word is no number, not even inf", "inf", "0"},
             {"a number beyond a double reads as infinity", digits, "inf"},
-            {"a number beyond a double by its exponent keeps its sign", "-0.01e400", "-inf"},
-            {"a number too close to 0 for a double reads as 0", "0." + digits + "e-400", "0"},
+            {"so does one beyond a double despite a negative exponent", digits + "e-50", "inf"},
+            {"a number beyond a double by its exponent keeps its sign", "-0.01e+400", "-inf"},
+            {"a number too close to 0 for a double reads as 0", "0." + QString(400, u'0') + "1",
+             "0"},
             {"so does one with an exponent too long to hold", "1e-" + digits, "0"},
         };
         for (const Row &text : texts)
