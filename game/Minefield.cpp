@@ -21,7 +21,7 @@ void Minefield::Reset(int fieldX, int fieldY)
         Cells(i, 0).Opened = true;
         Cells(i, fieldY + 1).Opened = true;
     }
-    for (int j = 0; j <= fieldY + 1; ++j) {
+    for (int j = 1; j <= fieldY; ++j) { // the corners are open already
         Cells(0, j).Opened = true;
         Cells(fieldX + 1, j).Opened = true;
     }

@@ -5,6 +5,8 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
+
 RecordTable &RecordsOfLevel(int level)
 {
     Q_ASSERT(level >= Common::LevelEasy && level <= Common::LevelHard);
@@ -17,11 +19,10 @@ RecordTable &RecordsOfLevel(int level)
 
 int RecordRowFor(const RecordTable &table, int elapsedSeconds)
 {
-    for (int row = 0; row < int(table.size()); ++row) {
-        if (NumericValue(table[row].Time) > elapsedSeconds)
-            return row;
-    }
-    return -1;
+    const auto slower = std::find_if(table.begin(), table.end(), [&](const RecordRow &row) {
+        return NumericValue(row.Time) > elapsedSeconds;
+    });
+    return slower == table.end() ? -1 : int(slower - table.begin());
 }
 
 void MakeRoomAt(RecordTable &table, int row)
