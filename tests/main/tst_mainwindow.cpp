@@ -37,6 +37,7 @@ private slots:
     void keysSmileyMenusInBothLanguagesAndTheMouseOnCells();
     void levelChoicesFitTheWindowWithoutPlayingAndTheLevelIsStoredAtClose();
     void winOnPresetEntersRecordThroughBothDialogs();
+    void saveWhileTheNameIsAskedKeepsTheWin();
 };
 
 void tst_MainWindow::gamesOnTheLeftWall_data()
@@ -317,6 +318,25 @@ void tst_MainWindow::winOnPresetEntersRecordThroughBothDialogs()
         QCOMPARE(fame, titles.isEmpty() ? "" : table);
         QTRY_COMPARE(game.Status(), "10 300 face4 ticking levels-off");
     }
+}
+
+void tst_MainWindow::saveWhileTheNameIsAskedKeepsTheWin()
+{
+    // A logout or a signal saves while the player name dialog is open: the win is in the file
+    // under the last name given, not lost behind a shifted copy of the row below.
+    GameHarness game;
+    Common::PlayerName = "Ada";
+    game.NewGame(TopRow, Common::LevelEasy);
+    game.Ticks(4);
+    game.AnswerDialogs([&](QWidget *dialog) {
+        if (dialog->findChild<QLineEdit *>("txPlayer"))
+            game.window.Form_Unload();
+        dialog->findChild<QAbstractButton *>("btnClose")->click();
+    });
+    game.Right({{1, 1}, {2, 1}, {3, 1}, {4, 1}, {5, 1}, {6, 1}, {7, 1}, {8, 1}, {9, 1}, {1, 2}});
+    QFile saved(IniPath);
+    QVERIFY(saved.open(QIODevice::ReadOnly));
+    QVERIFY(QString::fromUtf8(saved.readAll()).contains("\nAda=4\n"));
 }
 
 QTEST_MAIN(tst_MainWindow)

@@ -205,6 +205,9 @@ void frmMine::Victory()
         const int row = RecordRowFor(table, elapsed);
         if (row >= 0) {
             MakeRoomAt(table, row);
+            // Written before the name is asked too: should the game end under the dialog (a
+            // logout, a signal), the save keeps the win under the last name given.
+            WriteRecordRow(table, row, Common::PlayerName, elapsed);
             ShowModal(new frmPlayer(this));
             WriteRecordRow(table, row, Common::PlayerName, elapsed);
             ShowModal(new frmFame(this));
