@@ -68,29 +68,19 @@ private slots:
         QTest::failOnWarning(QRegularExpression("."));
     }
 
-    // The first run writes placeholder rows. Then each list of fifteen names, separated by '|',
-    // fills Easy, Medium and Hard in order, and sound is written in the words of a locale.
+    // The first run writes placeholder rows. Sound is written in the words of the locale and
+    // read back in either language.
     void storedFilesAreReadBack()
     {
         QVERIFY(!ReadSettings());
         QCOMPARE(readFile(), "[Easy]\n" + Unwon + "\n[Medium]\n" + Unwon + "\n[Hard]\n" + Unwon);
-        const QString names[] = {
-            QString::fromUtf16(u"Zoe|Adam|Mia|Bob|Al|Ann|Bo|Ann|Bo|Ann|||X|X|X #2"),
-            QString::fromUtf16(u"|   |  lead|trail  |=a=b|;semi|#x|[box|box]|back\\n\\slash\\|"
-                               u"\"q\"'|x #2|line\nnext|Niccolò 東京|tab\t")};
         const QLocale it(QLocale::Italian), en(QLocale::English);
         const std::tuple<QLocale, bool, QByteArray> words[] = {
             {it, true, "Vero"}, {it, false, "Falso"}, {en, true, "True"}, {en, false, "False"}};
-        for (int i = 0; i < 4; ++i) {
-            const auto &[locale, soundOn, word] = words[i];
-            for (int c = 0; c < 15; ++c)
-                RecordsOfLevel(c / 5)[c % 5] = {names[i % 2].split(u'|')[c], QString::number(c)};
-            const QString written = tablesText();
+        for (const auto &[locale, soundOn, word] : words) {
             WriteSettings(soundOn, locale);
             QVERIFY(readFile().contains("\nSound=" + word + "\n"));
-            Common::EasyRecords = Common::MediumRecords = Common::HardRecords = {};
             QCOMPARE(ReadSettings(), soundOn);
-            QCOMPARE(tablesText(), written);
         }
 
         // A stored file is read as far as it can be, quickly however long: records after damage
@@ -299,14 +289,15 @@ private slots:
     {
         const QStringList pieces =
             QString::fromUtf16(
-                u"\uFEFF|\xD800|\xDC00|\U0001F600|\x01\x7f|\t\n\r| \\=#;[|x #2|\uFFFE\uFFFF|é東")
+                u"\uFEFF|\xD800|\xDC00|\U0001F600|\x01\x7f|\t|\n|\r| |\\|\\n|=|#|;|[|]|"
+                u"\"'|x #2|\uFFFE\uFFFF|é東")
                 .split(u'|');
         QRandomGenerator random(17);
         for (int round = 0; round < 40; ++round) {
             for (int c = 0; c < 15; ++c) {
                 RecordRow &row = RecordsOfLevel(c / 5)[c % 5] = {{}, QString::number(c)};
                 while (random.bounded(8) != 0)
-                    row.Name += pieces[random.bounded(10)];
+                    row.Name += pieces[random.bounded(pieces.size())];
             }
             Common::HardRecords[4].Name.fill(QChar(0xDC00), round * 840); // up to 32760
             const QString written = tablesText();
