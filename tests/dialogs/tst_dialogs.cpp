@@ -1,30 +1,14 @@
 #include "Common.h"
+#include "RecordInsertion.h"
 #include "frmAbout.h"
 #include "frmCustom.h"
 #include "frmFame.h"
 #include "frmPlayer.h"
 
-#include <QApplication>
-#include <QGroupBox>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPointer>
-#include <QRegularExpression>
 #include <QtTest>
-
-#include <functional>
+#include <QtWidgets>
 
 namespace {
-
-// A dialog by its name, owned by `owner` as the main window owns them.
-QDialog *Make(const QString &name, QWidget *owner)
-{
-    if (name == "frmCustom")
-        return new frmCustom(owner);
-    if (name == "frmFame")
-        return new frmFame(owner);
-    return name == "frmPlayer" ? static_cast<QDialog *>(new frmPlayer(owner)) : new frmAbout(owner);
-}
 
 // Whether the dialog has closed and deleted itself.
 bool Gone(const QPointer<QDialog> &dialog)
@@ -53,14 +37,9 @@ bool StaysOpen(QDialog *opened, const std::function<void()> &whileOpen)
 // What a control shows: a window's title, a frame's title, anything else's text.
 QString Caption(const QWidget *control)
 {
-    if (control->isWindow())
-        return control->windowTitle();
-    return control->property(qobject_cast<const QGroupBox *>(control) ? "title" : "text")
-        .toString();
+    const char *shown = qobject_cast<const QGroupBox *>(control) ? "title" : "text";
+    return control->property(control->isWindow() ? "windowTitle" : shown).toString();
 }
-
-const std::array<RecordTable *, 3> Tables{&Common::EasyRecords, &Common::MediumRecords,
-                                          &Common::HardRecords};
 
 // The fifteen hall of fame rows as "name|time", Easy first: as the dialog shows them, or as
 // stored when no dialog is given.
@@ -69,7 +48,7 @@ QStringList Rows(const QWidget *fame = nullptr)
     QStringList rows;
     for (int row = 0; row < 15; ++row) {
         const QString index = QStringLiteral("%1(%2)").arg(row / 5 + 1).arg(row % 5);
-        const RecordRow &stored = (*Tables[row / 5])[row % 5];
+        const RecordRow &stored = RecordsOfLevel(row / 5)[row % 5];
         rows << (fame ? Caption(fame->findChild<QWidget *>("pl" + index)) + '|' +
                             Caption(fame->findChild<QWidget *>("sc" + index))
                       : stored.Name + '|' + stored.Time);
@@ -90,40 +69,41 @@ private slots:
         std::tie(Common::FieldX, Common::FieldY, Common::Bombs) = std::tuple(9, 9, 10);
         Common::LangEnglish = false;
         for (int row = 0; row < 15; ++row)
-            (*Tables[row / 5])[row % 5] = {QStringLiteral("Player%1").arg(row % 5 + 1), "999"};
+            RecordsOfLevel(row / 5)[row % 5] = {"Player" + QString::number(row % 5 + 1), "999"};
     }
 
     void controlsSitAtTheirPlacesWithTheCaptionsOfTheLanguage()
     {
         QWidget owner;
-        // Each dialog, then controls in it: the place and what it shows in English|Italian.
-        const std::tuple<QString, QRect, QString> controls[] = {
-            {"frmCustom", {0, 0, 185, 145}, "Custom game|Personalizza"},
-            {"btnOk", {124, 120, 53, 17}, "OK|OK"},
-            {"Label1", {8, 20, 85, 13}, "Horizontal size|Caselle orizzontali"},
-            {"Label3", {8, 76, 85, 13}, "Number of bombs|Numero di bombe"},
-            {"txB", {108, 72, 37, 19}, "10|10"},
-            {"btnCancel", {8, 120, 53, 17}, "Cancel|Annulla"},
-            {"frmFame", {0, 0, 465, 205}, " HALL OF FAME| VETRINA DEI RECORD"},
-            {"Frame1", {8, 8, 141, 153}, "Easy|Facile"},
-            {"Frame3", {312, 8, 141, 153}, "Hard|Difficile"},
-            {"sc1(4)", {100, 124, 29, 17}, "999|999"},
-            {"btnCancel", {8, 172, 141, 21}, "Clear Records|Cancella i Records"},
-            {"btnClose", {396, 172, 57, 21}, "OK|OK"},
-            {"frmPlayer", {0, 0, 203, 59}, "Player Name|Nome giocatore"},
-            {"Label1", {4, 22, 50, 17}, "Player|Giocatore"},
-            {"txPlayer", {56, 20, 105, 19}, "Anonymous|Anonimo"},
-            {"frmAbout", {0, 0, 326, 232}, "Who I am|Who I am"},
-            {"Image1", {160, 44, 200, 160}, "|"},
-            {"nose", {188, 92, 22, 22}, "|"},
-            {"callout", {-4, 100, 200, 140}, "|"}};
         for (const bool english : {true, false}) {
             Common::LangEnglish = english;
-            QDialog *dialog = nullptr;
-            for (const auto &[name, place, captions] : controls) {
-                dialog = name.startsWith("frm") ? Make(name, &owner) : dialog;
+            QDialog *custom = new frmCustom(&owner), *fame = new frmFame(&owner);
+            QDialog *player = new frmPlayer(&owner), *about = new frmAbout(&owner);
+            // A dialog and a control in it, "" for the dialog itself: the place and what it
+            // shows in English|Italian.
+            const std::tuple<QDialog *, QString, QRect, QString> controls[] = {
+                {custom, "", {0, 0, 185, 145}, "Custom game|Personalizza"},
+                {custom, "btnOk", {124, 120, 53, 17}, "OK|OK"},
+                {custom, "Label1", {8, 20, 85, 13}, "Horizontal size|Caselle orizzontali"},
+                {custom, "Label3", {8, 76, 85, 13}, "Number of bombs|Numero di bombe"},
+                {custom, "txB", {108, 72, 37, 19}, "10|10"},
+                {custom, "btnCancel", {8, 120, 53, 17}, "Cancel|Annulla"},
+                {fame, "", {0, 0, 465, 205}, " HALL OF FAME| VETRINA DEI RECORD"},
+                {fame, "Frame1", {8, 8, 141, 153}, "Easy|Facile"},
+                {fame, "Frame3", {312, 8, 141, 153}, "Hard|Difficile"},
+                {fame, "sc1(4)", {100, 124, 29, 17}, "999|999"},
+                {fame, "btnCancel", {8, 172, 141, 21}, "Clear Records|Cancella i Records"},
+                {fame, "btnClose", {396, 172, 57, 21}, "OK|OK"},
+                {player, "", {0, 0, 203, 59}, "Player Name|Nome giocatore"},
+                {player, "Label1", {4, 22, 50, 17}, "Player|Giocatore"},
+                {player, "txPlayer", {56, 20, 105, 19}, "Anonymous|Anonimo"},
+                {about, "", {0, 0, 326, 232}, "Who I am|Who I am"},
+                {about, "Image1", {160, 44, 200, 160}, "|"},
+                {about, "nose", {188, 92, 22, 22}, "|"},
+                {about, "callout", {-4, 100, 200, 140}, "|"}};
+            for (const auto &[dialog, name, place, captions] : controls) {
                 const QWidget *control =
-                    name.startsWith("frm") ? dialog : dialog->findChild<QWidget *>(name);
+                    name.isEmpty() ? dialog : dialog->findChild<QWidget *>(name);
                 QCOMPARE(control->isWindow() ? control->rect() : control->geometry(), place);
                 QCOMPARE(dialog->minimumSize(), dialog->maximumSize());
                 if (captions != "|")
@@ -149,7 +129,7 @@ private slots:
         for (const QString &entry : cases) {
             init();
             const QStringList typed = entry.section(u' ', 0, -4).split(u'|');
-            QPointer<QDialog> dialog = Make("frmCustom", &owner);
+            QPointer<QDialog> dialog = new frmCustom(&owner);
             for (int box = 0; box < 3; ++box)
                 dialog->findChild<QLineEdit *>(QStringList{"txX", "txY", "txB"}[box])
                     ->setText(typed[box]);
@@ -168,14 +148,14 @@ private slots:
     {
         QWidget owner;
         Common::MediumRecords[2] = RecordRow{"", "42"}; // an empty name stays empty
-        QCOMPARE(Rows(Make("frmFame", &owner)), Rows());
+        QCOMPARE(Rows(new frmFame(&owner)), Rows());
         // Enter right after opening closes the box and clears nothing.
-        QVERIFY(!StaysOpen(Make("frmFame", &owner),
+        QVERIFY(!StaysOpen(new frmFame(&owner),
                            [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }));
         QCOMPARE(Common::MediumRecords[2], (RecordRow{"", "42"}));
         for (const bool english : {true, false}) {
             Common::LangEnglish = english;
-            QDialog *dialog = Make("frmFame", &owner);
+            QDialog *dialog = new frmFame(&owner);
             QStringList shown;
             QVERIFY(StaysOpen(dialog, [&] {
                 QTest::mouseClick(dialog->findChild<QWidget *>("btnCancel"), Qt::LeftButton);
@@ -195,7 +175,7 @@ private slots:
         const QStringList keys{"Zoe\r", "\b\r", "   \r", "x\x1b", "\r"};
         const QStringList names{"Zoe", "", "   ", "   ", "Anonimo"};
         for (int opening = 0; opening < keys.size(); ++opening) {
-            QDialog *dialog = Make("frmPlayer", &owner);
+            QDialog *dialog = new frmPlayer(&owner);
             QString selected;
             QVERIFY(!StaysOpen(dialog, [&] {
                 selected = dialog->findChild<QLineEdit *>("txPlayer")->selectedText();
@@ -221,7 +201,7 @@ private slots:
             {true, nose, 0, false},       {false, nose, 0, false}};
         for (const auto &[english, place, key, closes] : cases) {
             Common::LangEnglish = english;
-            QPointer<QDialog> dialog = Make("frmAbout", &owner);
+            QPointer<QDialog> dialog = new frmAbout(&owner);
             dialog->show(); // without a nested event loop, for clicks and keys sent to its window
             QVERIFY(QTest::qWaitForWindowExposed(dialog->windowHandle()));
             QStringList shown; // the controls of the language shown, then the hint

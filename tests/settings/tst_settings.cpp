@@ -68,42 +68,31 @@ private slots:
         QTest::failOnWarning(QRegularExpression("."));
     }
 
-    // The first run writes placeholder rows. Then each list of fifteen names, separated by '|',
-    // fills Easy, Medium and Hard in order, and sound is written in the words of a locale.
+    // The first run writes placeholder rows. Sound is written in the words of the locale and
+    // read back in either language.
     void storedFilesAreReadBack()
     {
         QVERIFY(!ReadSettings());
         QCOMPARE(readFile(), "[Easy]\n" + Unwon + "\n[Medium]\n" + Unwon + "\n[Hard]\n" + Unwon);
-        const QString names[] = {
-            QString::fromUtf16(u"Zoe|Adam|Mia|Bob|Al|Ann|Bo|Ann|Bo|Ann|||X|X|X #2"),
-            QString::fromUtf16(u"|   |  lead|trail  |=a=b|;semi|#x|[box|box]|back\\n\\slash\\|"
-                               u"\"q\"'|x #2|line\nnext|Niccolò 東京|tab\t")};
         const QLocale it(QLocale::Italian), en(QLocale::English);
         const std::tuple<QLocale, bool, QByteArray> words[] = {
             {it, true, "Vero"}, {it, false, "Falso"}, {en, true, "True"}, {en, false, "False"}};
-        for (int i = 0; i < 4; ++i) {
-            const auto &[locale, soundOn, word] = words[i];
-            for (int c = 0; c < 15; ++c)
-                RecordsOfLevel(c / 5)[c % 5] = {names[i % 2].split(u'|')[c], QString::number(c)};
-            const QString written = tablesText();
+        for (const auto &[locale, soundOn, word] : words) {
             WriteSettings(soundOn, locale);
             QVERIFY(readFile().contains("\nSound=" + word + "\n"));
-            Common::EasyRecords = Common::MediumRecords = Common::HardRecords = {};
             QCOMPARE(ReadSettings(), soundOn);
-            QCOMPARE(tablesText(), written);
         }
 
-        // A stored file is read as far as it can be, quickly however long: records after damage
+        // A stored file is read as far as it can be, however long: records after damage
         // are kept, Medium and Hard fitted to five rows, and a file read whole keeps sections of
         // its own. A damaged file is first kept byte for byte (the last one only), then written
         // with the game's sections only.
         QByteArray huge(64 * 1024, Qt::Uninitialized);
         QRandomGenerator(7).fillRange(reinterpret_cast<quint32 *>(huge.data()), huge.size() / 4);
         const QByteArray utf16 = QStringEncoder(QStringConverter::Utf16)("Level=2\n" + Easy);
-        // Records split around 50,000 sections are kept; the last Easy row lies past 64 MiB.
-        huge += '\n' + QByteArray(20 << 20, 'x') + "\n[Game]\nLevel=2\n[Easy]\nA=1\nA=2\n";
-        for (int n = 0; n < 50000; ++n)
-            huge += "[s" + QByteArray::number(n) + "]\nk=v\n";
+        // Records split around another section are kept; the last Easy row lies past 64 MiB.
+        // How fast many sections are read is a benchmark's matter (bench/settings).
+        huge += '\n' + QByteArray(20 << 20, 'x') + "\n[Game]\nLevel=2\n[Easy]\nA=1\nA=2\n[s]\n";
         huge += "[Easy]\nC=3\nD=4\nE=5\n" + QByteArray(80 << 20, '\0') + "\n[Easy]\nF=6\n";
         const QByteArray crlf =
             QByteArray("Sound=yes\nLevel=2.5\nLevel=1\n" + Easy).replace("\n", "\r\n");
@@ -299,14 +288,15 @@ private slots:
     {
         const QStringList pieces =
             QString::fromUtf16(
-                u"\uFEFF|\xD800|\xDC00|\U0001F600|\x01\x7f|\t\n\r| \\=#;[|x #2|\uFFFE\uFFFF|é東")
+                u"\uFEFF|\xD800|\xDC00|\U0001F600|\x01\x7f|\t|\n|\r| |\\|\\n|=|#|;|[|]|"
+                u"\"'|x #2|\uFFFE\uFFFF|é東")
                 .split(u'|');
         QRandomGenerator random(17);
         for (int round = 0; round < 40; ++round) {
             for (int c = 0; c < 15; ++c) {
                 RecordRow &row = RecordsOfLevel(c / 5)[c % 5] = {{}, QString::number(c)};
                 while (random.bounded(8) != 0)
-                    row.Name += pieces[random.bounded(10)];
+                    row.Name += pieces[random.bounded(pieces.size())];
             }
             Common::HardRecords[4].Name.fill(QChar(0xDC00), round * 840); // up to 32760
             const QString written = tablesText();
