@@ -94,7 +94,6 @@ struct GameHarness : RandomSource
 
     // Cells by column x and row y, 1-based.
     int At(int x, int y) const { return window.Field().Idx2Vect(x, y); }
-    int Pic(int x, int y) const { return Field()->Pic(At(x, y)); }
     void Press(int x, int y, Qt::MouseButton button = Qt::LeftButton)
     {
         window.btn_MouseDown(At(x, y), button);
@@ -133,15 +132,14 @@ struct GameHarness : RandomSource
                 QStringLiteral(".12345678*Xx#F?")[Field()->Pic(i + 1) - 1];
         return rows.join(u'\n');
     }
-    QString BombCounter() const { return window.findChild<DigitDisplay *>("pBomb")->Digits(); }
-    QString Clock() const { return window.findChild<DigitDisplay *>("pT")->Digits(); }
     bool ClockRunning() const { return window.findChild<QTimer *>("Timer")->isActive(); }
     int Face() const { return window.ShownFace(); }
     // The panel and the Level menu, as "07 300 face4 ticking levels-off".
     QString Status() const
     {
         return QStringLiteral("%1 %2 face%3 %4 levels-%5")
-            .arg(BombCounter(), Clock(), QString::number(Face()),
+            .arg(window.findChild<DigitDisplay *>("pBomb")->Digits(),
+                 window.findChild<DigitDisplay *>("pT")->Digits(), QString::number(Face()),
                  ClockRunning() ? "ticking" : "stopped",
                  window.findChild<QMenu *>("mnuLev")->menuAction()->isEnabled() ? "on" : "off");
     }
