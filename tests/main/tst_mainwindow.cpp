@@ -63,9 +63,9 @@ void tst_MainWindow::gamesOnTheLeftWall()
         "L3,3 R2,2 H4,2 > = > 00 300 face1 stopped levels-on > ",
         // Abort after the game shows the loss: the opened flag on a safe cell is wrong.
         "A > F2...../F3...../F2..x.. > 00 300 face2 stopped levels-on > 102",
-        // In a new game a left press on a flagged bomb loses; then presses do nothing, and the
-        // exploded cell stays so at a later Abort.
-        "N R1,2 R1,3 R1,3 R6,2 L1,2 > *######/X####x#/*###### > "
+        // In a new game a left press on a question mark over a bomb loses; then presses do
+        // nothing, and the exploded cell stays so at a later Abort.
+        "N R1,2 R1,3 R1,3 R6,2 L1,3 > *######/F####x#/X###### > "
         "01 300 face2 stopped levels-on > 101*5 102",
         "L2,2 R3,3 M4,2 A > = > 01 300 face2 stopped levels-on > 102",
         // The countdown: a tick sound every second, the warning at 120, the loss at 0.
