@@ -124,6 +124,7 @@ void tst_Accessibility::fieldCellsCountersAndFaceAreNamedAsShownThroughAGame()
             game.window.mnuLang_Click();
         QAccessibleInterface *field = Interface(game, "field");
         QAccessibleTableInterface *table = field->tableInterface();
+        QAccessibleInterface *const corner = table->cellAt(0, 0);
         // Start (a minute on the clock), two flags and a question mark, a flood, a loss.
         for (const char *moves : {"T61", "R1,1 R3,4 R5,1 R5,1", "L3,2", "L1,4"}) {
             game.Play(moves);
@@ -142,6 +143,7 @@ void tst_Accessibility::fieldCellsCountersAndFaceAreNamedAsShownThroughAGame()
             }
         }
         QCOMPARE(game.Pictures(), "F1.1*\n#1.11\n#1...\nX1x..");
+        QCOMPARE(table->cellAt(0, 0), corner); // the same object throughout
         QCOMPARE(field->text(QAccessible::Name), english ? "Field" : "Campo");
         // The counters read as name with the number, digits and value; the smiley with its
         // face.
