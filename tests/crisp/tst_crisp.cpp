@@ -11,11 +11,6 @@ constexpr int Scale = 2;
 // Before the application starts: a screen that doubles.
 [[maybe_unused]] const bool Scaled = qputenv("QT_SCALE_FACTOR", QByteArray::number(Scale));
 
-QImage Argb(const QImage &image)
-{
-    return image.convertToFormat(QImage::Format_ARGB32);
-}
-
 // Whether `shot` shows `source` at `at` (in source pixels times `scale`), each opaque source
 // pixel a `scale` x `scale` square of exactly its colour.
 bool ShowsAsSquares(const QImage &shot, const QImage &source, QPoint at, int scale = Scale)
@@ -82,16 +77,15 @@ private slots:
             {"field", PictureSet::IL().Image(13), {18, 2}},
             {"pT", PictureSet::ILD().Image(1), {32, 0}},
             {"btnSmile", PictureSet::ILS().Image(4), {3, 2}},
-            {"Image1", Argb(QImage(":/pictures/portrait.xpm")), {0, 0}}};
+            {"Image1", QImage(":/pictures/portrait.xpm"), {0, 0}}};
         for (const auto &[name, picture, at] : shown) // the dialog is the window's child
-            QVERIFY2(ShowsAsSquares(Argb(game.window.findChild<QWidget *>(name)->grab().toImage()),
+            QVERIFY2(ShowsAsSquares(game.window.findChild<QWidget *>(name)->grab().toImage(),
                                     picture, at),
                      name);
         // The theme icons of the desktop, each pixel of the 16 x 16 icon a square.
-        const QImage icon = Argb(QImage(":/pictures/icon.xpm"));
+        const QImage icon(":/pictures/icon.xpm");
         for (const int size : {48, 64, 128, 256}) {
-            const QImage themed =
-                Argb(QImage(QStringLiteral(VELKARO_ICON_FOLDER "/%1.png").arg(size)));
+            const QImage themed(QStringLiteral(VELKARO_ICON_FOLDER "/%1.png").arg(size));
             QCOMPARE(themed.size(), QSize(size, size));
             QVERIFY(ShowsAsSquares(themed, icon, QPoint(0, 0), size / 16));
         }
