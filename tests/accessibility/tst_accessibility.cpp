@@ -125,6 +125,8 @@ void tst_Accessibility::fieldCellsCountersAndFaceAreNamedAsShownThroughAGame()
         QAccessibleInterface *field = Interface(game, "field");
         QAccessibleTableInterface *table = field->tableInterface();
         QAccessibleInterface *const corner = table->cellAt(0, 0);
+        QCOMPARE(Interface(game, "btnSmile")->text(QAccessible::Description),
+                 english ? "normal" : "normale");
         // Start (a minute on the clock), two flags and a question mark, a flood, a loss.
         for (const char *moves : {"T61", "R1,1 R3,4 R5,1 R5,1", "L3,2", "L1,4"}) {
             game.Play(moves);
