@@ -1,40 +1,15 @@
-#include "ClockRandomSource.h"
+#include "GameHarness.h"
 #include "PictureSet.h"
-#include "RecordingWaveOutput.h"
 #include "frmAbout.h"
-#include "frmMine.h"
 
-#include <QApplication>
-#include <QTemporaryDir>
 #include <QTest>
-
-// The pictures: their sizes and the colours the game relies on, and pixel art that stays exact
-// when enlarged: on a screen that scales by a whole number and in the desktop's theme icons,
-// each source pixel an exact square of its colour, never a blend.
-class CrispTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void everySetHasItsSizesBevelsGroundsAndRoundFaces();
-    void enlargedPicturesAreExactSquares();
-};
 
 namespace {
 
 constexpr int Scale = 2;
 
-// Before the application starts: a screen that doubles, and settings of the test's own.
-[[maybe_unused]] const bool Prepared = [] {
-    static QTemporaryDir config;
-    return qputenv("QT_SCALE_FACTOR", QByteArray::number(Scale)) &&
-           qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
-}();
-
-QImage Argb(const QImage &image)
-{
-    return image.convertToFormat(QImage::Format_ARGB32);
-}
+// Before the application starts: a screen that doubles.
+[[maybe_unused]] const bool Scaled = qputenv("QT_SCALE_FACTOR", QByteArray::number(Scale));
 
 // Whether `shot` shows `source` at `at` (in source pixels times `scale`), each opaque source
 // pixel a `scale` x `scale` square of exactly its colour.
@@ -53,62 +28,69 @@ bool ShowsAsSquares(const QImage &shot, const QImage &source, QPoint at, int sca
 
 } // namespace
 
-// Each set has its count and size, and the pixels the game relies on: closed cells (13 to 15)
-// raised, light above and dark below, open ones sunken; digits on their dark blue ground;
-// round faces, transparent in the corners.
-void CrispTest::everySetHasItsSizesBevelsGroundsAndRoundFaces()
+// The pictures: their sizes and the colours the game relies on, and pixel art that stays exact
+// when enlarged: on a screen that scales by a whole number and in the desktop's theme icons,
+// each source pixel an exact square of its colour, never a blend.
+class CrispTest : public QObject
 {
-    const std::pair<QRgb, QRgb> raised(0xFFEBEBEB, 0xFFB8B8B8), sunken(raised.second, raised.first);
-    const std::tuple<const PictureSet &, int, QSize> sets[] = {{PictureSet::IL(), 15, {16, 16}},
-                                                               {PictureSet::ILD(), 10, {17, 25}},
-                                                               {PictureSet::ILS(), 4, {21, 21}}};
-    for (const auto &[set, count, size] : sets) {
-        QCOMPARE(std::pair(set.Count(), set.Size()), std::pair(count, size));
-        QVERIFY(set.Image(1) != set.Image(count)); // not one file loaded over and over
-        for (int index = 1; index <= count; ++index) {
-            const QImage picture = set.Image(index);
-            QCOMPARE(set.Picture(index).size(), size);
-            if (&set == &PictureSet::IL())
-                QCOMPARE(std::pair(picture.pixel(4, 0), picture.pixel(11, 15)),
-                         index >= 13 ? raised : sunken);
-            else if (&set == &PictureSet::ILD())
-                QCOMPARE(std::pair(picture.pixel(0, 0), picture.pixel(16, 24)),
-                         std::pair(0xFF00007Cu, 0xFF00007Cu));
-            else
-                QCOMPARE(std::tuple(qAlpha(picture.pixel(0, 0)), qAlpha(picture.pixel(20, 20)),
-                                    qAlpha(picture.pixel(10, 10))),
-                         std::tuple(0, 0, 255));
+    Q_OBJECT
+
+private slots:
+    // Each set has its count and size, and the pixels the game relies on: closed cells (13 to
+    // 15) raised, light above and dark below, open ones sunken; digits on their dark blue
+    // ground; round faces, transparent in the corners.
+    void everySetHasItsSizesBevelsGroundsAndRoundFaces()
+    {
+        const std::pair<QRgb, QRgb> raised(0xFFEBEBEB, 0xFFB8B8B8), sunken(0xFFB8B8B8, 0xFFEBEBEB);
+        const std::tuple<const PictureSet &, int, QSize> sets[] = {
+            {PictureSet::IL(), 15, {16, 16}},
+            {PictureSet::ILD(), 10, {17, 25}},
+            {PictureSet::ILS(), 4, {21, 21}}};
+        for (const auto &[set, count, size] : sets) {
+            QCOMPARE(std::pair(set.Count(), set.Size()), std::pair(count, size));
+            QVERIFY(set.Image(1) != set.Image(count)); // not one file loaded over and over
+            for (int index = 1; index <= count; ++index) {
+                const QImage picture = set.Image(index); // of its set's size, or it asserts
+                if (&set == &PictureSet::IL())
+                    QCOMPARE(std::pair(picture.pixel(4, 0), picture.pixel(11, 15)),
+                             index >= 13 ? raised : sunken);
+                else if (&set == &PictureSet::ILD())
+                    QCOMPARE(std::pair(picture.pixel(0, 0), picture.pixel(16, 24)),
+                             std::pair(0xFF00007Cu, 0xFF00007Cu));
+                else
+                    QCOMPARE(std::tuple(qAlpha(picture.pixel(0, 0)), qAlpha(picture.pixel(20, 20)),
+                                        qAlpha(picture.pixel(10, 10))),
+                             std::tuple(0, 0, 255));
+            }
         }
     }
-}
 
-void CrispTest::enlargedPicturesAreExactSquares()
-{
-    RecordingWaveOutput sound;
-    ClockRandomSource random;
-    frmMine window(sound, random);
-    window.Form_Load();
-    window.SetPic(1, 4);
-    frmAbout about(&window);
-    about.show();
-    // A control and the picture it shows where.
-    const std::tuple<QWidget *, QImage, QPoint> shown[] = {
-        {window.findChild<QWidget *>("field"), PictureSet::IL().Image(4), {2, 2}},
-        {window.findChild<QWidget *>("field"), PictureSet::IL().Image(13), {18, 2}},
-        {window.findChild<QWidget *>("pT"), PictureSet::ILD().Image(1), {32, 0}},
-        {window.findChild<QWidget *>("btnSmile"), PictureSet::ILS().Image(4), {3, 2}},
-        {about.findChild<QWidget *>("Image1"), Argb(QImage(":/pictures/portrait.xpm")), {0, 0}}};
-    for (const auto &[control, picture, at] : shown)
-        QVERIFY2(ShowsAsSquares(Argb(control->grab().toImage()), picture, at),
-                 qPrintable(control->objectName()));
-    // The theme icons of the desktop, each pixel of the 16 x 16 icon a square.
-    const QImage icon = Argb(QImage(":/pictures/icon.xpm"));
-    for (const int size : {48, 64, 128, 256}) {
-        const QImage themed = Argb(QImage(QStringLiteral(VELKARO_ICON_FOLDER "/%1.png").arg(size)));
-        QCOMPARE(themed.size(), QSize(size, size));
-        QVERIFY(ShowsAsSquares(themed, icon, QPoint(0, 0), size / 16));
+    void enlargedPicturesAreExactSquares()
+    {
+        GameHarness game;
+        game.window.SetPic(1, 4);
+        frmAbout about(&game.window);
+        about.show();
+        // A control and the picture it shows where.
+        const std::tuple<const char *, QImage, QPoint> shown[] = {
+            {"field", PictureSet::IL().Image(4), {2, 2}},
+            {"field", PictureSet::IL().Image(13), {18, 2}},
+            {"pT", PictureSet::ILD().Image(1), {32, 0}},
+            {"btnSmile", PictureSet::ILS().Image(4), {3, 2}},
+            {"Image1", QImage(":/pictures/portrait.xpm"), {0, 0}}};
+        for (const auto &[name, picture, at] : shown) // the dialog is the window's child
+            QVERIFY2(ShowsAsSquares(game.window.findChild<QWidget *>(name)->grab().toImage(),
+                                    picture, at),
+                     name);
+        // The theme icons of the desktop, each pixel of the 16 x 16 icon a square.
+        const QImage icon(":/pictures/icon.xpm");
+        for (const int size : {48, 64, 128, 256}) {
+            const QImage themed(QStringLiteral(VELKARO_ICON_FOLDER "/%1.png").arg(size));
+            QCOMPARE(themed.size(), QSize(size, size));
+            QVERIFY(ShowsAsSquares(themed, icon, QPoint(0, 0), size / 16));
+        }
     }
-}
+};
 
 QTEST_MAIN(CrispTest)
 #include "tst_crisp.moc"
