@@ -235,7 +235,7 @@ void tst_Accessibility::changedCellsAreAnnouncedOneByOneOrAsATableChange()
     // rest.
     GameHarness game(QString("*........\n") + QString(".........\n").repeated(7) + ".........");
     Told("");
-    game.Right({{2, 1}});
+    game.Play("R2,1");
     QCOMPARE(Told("name|rows"), QStringList("name bandierina"));
     game.Play("L9,9");
     QCOMPARE(Told("name|rows"), QStringList("rows 0-8"));

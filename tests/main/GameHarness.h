@@ -99,11 +99,6 @@ struct GameHarness : RandomSource
         window.btn_MouseDown(At(x, y), button);
         window.btn_MouseUp(At(x, y), button);
     }
-    void Right(std::initializer_list<QPoint> cells)
-    {
-        for (const QPoint cell : cells)
-            Press(cell.x(), cell.y(), Qt::RightButton);
-    }
     void Ticks(int count)
     {
         for (int tick = 0; tick < count; ++tick)

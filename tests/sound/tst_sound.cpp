@@ -126,7 +126,7 @@ private slots:
         }
         QCOMPARE(output.join(' '), "released held released released released");
         game.NewGame(game.board);
-        game.Right({{1, 1}}); // the only bomb flagged
+        game.Play("R1,1"); // the only bomb flagged
         QCOMPARE(game.Face(), 1);
         QVERIFY2(!game.sound.KeptOpen, "a win releases it");
     }
