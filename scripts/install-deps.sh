@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
     cmake g++ make pkg-config
     qt6-base-dev qt6-base-dev-tools qt6-base-private-dev libgl-dev
-    libsdl2-dev
+    libsdl2-dev fonts-dejavu-extra
     xvfb xauth
     desktop-file-utils appstream
     dpkg-dev file lintian
