@@ -28,43 +28,14 @@ bool ShowsAsSquares(const QImage &shot, const QImage &source, QPoint at, int sca
 
 } // namespace
 
-// The pictures: their sizes and the colours the game relies on, and pixel art that stays exact
-// when enlarged: on a screen that scales by a whole number and in the desktop's theme icons,
-// each source pixel an exact square of its colour, never a blend.
+// Pixel art that stays exact when enlarged: on a screen that scales by a whole number and in the
+// desktop's theme icons, each source pixel an exact square of its colour, never a blend. (The
+// art itself is checked against docs/pictures.png by tests/pictures.)
 class CrispTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    // Each set has its count and size, and the pixels the game relies on: closed cells (13 to
-    // 15) raised, light above and dark below, open ones sunken; digits on their dark blue
-    // ground; round faces, transparent in the corners.
-    void everySetHasItsSizesBevelsGroundsAndRoundFaces()
-    {
-        const std::pair<QRgb, QRgb> raised(0xFFEBEBEB, 0xFFB8B8B8), sunken(0xFFB8B8B8, 0xFFEBEBEB);
-        const std::tuple<const PictureSet &, int, QSize> sets[] = {
-            {PictureSet::IL(), 15, {16, 16}},
-            {PictureSet::ILD(), 10, {17, 25}},
-            {PictureSet::ILS(), 4, {21, 21}}};
-        for (const auto &[set, count, size] : sets) {
-            QCOMPARE(std::pair(set.Count(), set.Size()), std::pair(count, size));
-            QVERIFY(set.Image(1) != set.Image(count)); // not one file loaded over and over
-            for (int index = 1; index <= count; ++index) {
-                const QImage picture = set.Image(index); // of its set's size, or it asserts
-                if (&set == &PictureSet::IL())
-                    QCOMPARE(std::pair(picture.pixel(4, 0), picture.pixel(11, 15)),
-                             index >= 13 ? raised : sunken);
-                else if (&set == &PictureSet::ILD())
-                    QCOMPARE(std::pair(picture.pixel(0, 0), picture.pixel(16, 24)),
-                             std::pair(0xFF00007Cu, 0xFF00007Cu));
-                else
-                    QCOMPARE(std::tuple(qAlpha(picture.pixel(0, 0)), qAlpha(picture.pixel(20, 20)),
-                                        qAlpha(picture.pixel(10, 10))),
-                             std::tuple(0, 0, 255));
-            }
-        }
-    }
-
     void enlargedPicturesAreExactSquares()
     {
         GameHarness game;

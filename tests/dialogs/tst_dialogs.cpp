@@ -72,33 +72,6 @@ private slots:
             RecordsOfLevel(row / 5)[row % 5] = {"Player" + QString::number(row % 5 + 1), "999"};
     }
 
-    // Each dialog in each language shows exactly its picture in docs/, which was checked by eye:
-    // every control in its place, with its text, font, colours and pictures.
-    void dialogsLookAsTheirPicturesInBothLanguages()
-    {
-        Common::EasyRecords[0] = {"Zoe", "42"};
-        for (const bool english : {true, false}) {
-            Common::LangEnglish = english;
-            const std::pair<const char *, QDialog *> dialogs[] = {{"custom", new frmCustom},
-                                                                  {"fame", new frmFame},
-                                                                  {"player", new frmPlayer},
-                                                                  {"about", new frmAbout}};
-            for (const auto &[name, dialog] : dialogs) {
-                dialog->show();
-                const QString file =
-                    QStringLiteral("dialog-%1-%2.png").arg(name, english ? "en" : "it");
-                const QImage shown = dialog->grab().toImage().convertToFormat(QImage::Format_RGB32);
-                const bool same =
-                    shown == QImage(VELKARO_DOCS "/" + file).convertToFormat(QImage::Format_RGB32);
-                if (!same)
-                    shown.save(file); // beside the test, to be compared
-                QVERIFY2(same, qPrintable(file));
-                QCOMPARE(dialog->minimumSize(), dialog->maximumSize());
-                dialog->close();
-            }
-        }
-    }
-
     void customTakesValuesWithinLimitsOnOkOrEnterAndNothingOnCancel()
     {
         QWidget owner;
