@@ -34,13 +34,6 @@ bool StaysOpen(QDialog *opened, const std::function<void()> &whileOpen)
     return open;
 }
 
-// What a control shows: a window's title, a frame's title, anything else's text.
-QString Caption(const QWidget *control)
-{
-    const char *shown = qobject_cast<const QGroupBox *>(control) ? "title" : "text";
-    return control->property(control->isWindow() ? "windowTitle" : shown).toString();
-}
-
 // The fifteen hall of fame rows as "name|time", Easy first: as the dialog shows them, or as
 // stored when no dialog is given.
 QStringList Rows(const QWidget *fame = nullptr)
@@ -49,8 +42,8 @@ QStringList Rows(const QWidget *fame = nullptr)
     for (int row = 0; row < 15; ++row) {
         const QString index = QStringLiteral("%1(%2)").arg(row / 5 + 1).arg(row % 5);
         const RecordRow &stored = RecordsOfLevel(row / 5)[row % 5];
-        rows << (fame ? Caption(fame->findChild<QWidget *>("pl" + index)) + '|' +
-                            Caption(fame->findChild<QWidget *>("sc" + index))
+        rows << (fame ? fame->findChild<QLabel *>("pl" + index)->text() + '|' +
+                            fame->findChild<QLabel *>("sc" + index)->text()
                       : stored.Name + '|' + stored.Time);
     }
     return rows;
