@@ -146,6 +146,9 @@ void tst_Accessibility::fieldCellsCountersAndFaceAreNamedAsShownThroughAGame()
         }
         QCOMPARE(game.Pictures(), "F1.1*\n#1.11\n#1...\nX1x..");
         QCOMPARE(table->cellAt(0, 0), corner); // the same object throughout
+        // Neither the clock is a child of the field nor the field a child of a cell.
+        QCOMPARE(std::pair(field->indexOfChild(Interface(game, "pT")), corner->indexOfChild(field)),
+                 std::pair(-1, -1));
         QCOMPARE(field->text(QAccessible::Name), english ? "Field" : "Campo");
         // The counters read as name with the number, digits and value; the smiley with its
         // face.
