@@ -144,7 +144,6 @@ void tst_Accessibility::fieldCellsCountersAndFaceAreNamedAsShownThroughAGame()
                             .endsWith(place.arg(i / 5 + 1).arg(i % 5 + 1)));
             }
         }
-        QCOMPARE(game.Pictures(), "F1.1*\n#1.11\n#1...\nX1x..");
         QCOMPARE(table->cellAt(0, 0), corner); // the same object throughout
         // Neither the clock is a child of the field nor the field a child of a cell.
         QCOMPARE(std::pair(field->indexOfChild(Interface(game, "pT")), corner->indexOfChild(field)),

@@ -15,22 +15,6 @@ int Threads()
     return QDir(QStringLiteral("/proc/self/task")).count();
 }
 
-// The five embedded waves, and from 106 on every cut of the tick's header and a zero format
-// tag, channel count or sample rate, none of which the loader takes.
-QMap<int, QByteArray> WavesWithBrokenOnes()
-{
-    QMap<int, QByteArray> waves;
-    const QByteArray tick = WaveResource(105);
-    for (int id = 101; id <= 153; ++id) {
-        const int cut = id - 106;
-        waves.insert(id, id <= 105   ? WaveResource(id)
-                         : cut <= 44 ? tick.left(cut)
-                                     : QByteArray(tick).replace(20 + 2 * (cut - 45), 2,
-                                                                QByteArray(2, '\0')));
-    }
-    return waves;
-}
-
 } // namespace
 
 class SoundTest : public QObject
@@ -78,7 +62,11 @@ private slots:
     // decoded sound is ignored.
     void outputOpensForSoundsAndClosesAfterThem()
     {
-        SdlWaveOutput output(WavesWithBrokenOnes(), std::chrono::milliseconds(0));
+        // The five embedded waves, and the tick cut inside its header, which is refused.
+        QMap<int, QByteArray> waves{{106, WaveResource(105).left(30)}};
+        for (int id = 101; id <= 105; ++id)
+            waves.insert(id, WaveResource(id));
+        SdlWaveOutput output(waves, std::chrono::milliseconds(0));
         const int closedThreads = Threads();
         QCOMPARE(output.DecodedCount(), 5);
 
