@@ -110,143 +110,143 @@ private slots:
         QAccessible::installUpdateHandler(Record);
         QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
     }
-    void fieldCellsCountersAndFaceAreNamedAsShownThroughAGame();
-    void keysMoveAndPressTheFocusedCellAndAreSpoken();
-    void mousePressesMoveTheCurrentCellWithoutAFrame();
-    void changedCellsAreAnnouncedOneByOneOrAsATableChange();
-};
 
-void tst_Accessibility::fieldCellsCountersAndFaceAreNamedAsShownThroughAGame()
-{
-    for (const bool english : {false, true}) {
-        GameHarness game(Corners);
-        if (english)
-            game.window.mnuLang_Click();
-        QAccessibleInterface *field = Interface(game, "field");
-        QAccessibleTableInterface *table = field->tableInterface();
-        QAccessibleInterface *const corner = table->cellAt(0, 0);
-        QCOMPARE(Interface(game, "btnSmile")->text(QAccessible::Description),
-                 english ? "normal" : "normale");
-        // Start (a minute on the clock), two flags and a question mark, a flood, a loss.
-        for (const char *moves : {"T61", "R1,1 R3,4 R5,1 R5,1", "L3,2", "L1,4"}) {
-            game.Play(moves);
-            const QStringList rows = game.Pictures().split(u'\n');
-            QCOMPARE(table->rowCount() * 10 + table->columnCount(), 45);
-            for (int i = 0; i < 20; ++i) {
-                QAccessibleInterface *cell = table->cellAt(i / 5, i % 5);
-                QCOMPARE(cell->text(QAccessible::Name), Heard(rows[i / 5][i % 5], english));
-                QCOMPARE(field->indexOfChild(cell), i);
-                const QPoint centre = cell->rect().center();
-                QCOMPARE(field->childAt(centre.x(), centre.y()), cell);
-                // After the outcome of the last press, when the cell is the current one.
-                const QString place = english ? "row %1, column %2" : "riga %1, colonna %2";
-                QVERIFY(cell->text(QAccessible::Description)
-                            .endsWith(place.arg(i / 5 + 1).arg(i % 5 + 1)));
-            }
-        }
-        QCOMPARE(table->cellAt(0, 0), corner); // the same object throughout
-        // Neither the clock is a child of the field nor the field a child of a cell.
-        QCOMPARE(std::pair(field->indexOfChild(Interface(game, "pT")), corner->indexOfChild(field)),
-                 std::pair(-1, -1));
-        QCOMPARE(field->text(QAccessible::Name), english ? "Field" : "Campo");
-        // The counters read as name with the number, digits and value; the smiley with its
-        // face.
-        QStringList heard;
-        for (const char *name : {"pBomb", "pT"}) {
-            QAccessibleInterface *counter = Interface(game, name);
-            heard << counter->text(QAccessible::Name) + ' ' + counter->text(QAccessible::Value) +
-                         ' ' + counter->valueInterface()->currentValue().toString();
-        }
-        QAccessibleInterface *smiley = Interface(game, "btnSmile");
-        heard << smiley->text(QAccessible::Name) + ": " + smiley->text(QAccessible::Description);
-        QCOMPARE(heard.join(" / "),
-                 english ? "Bombs left 1 01 1 / Time left 239 239 239 / New game: game lost"
-                         : "Bombe rimaste 1 01 1 / Tempo rimasto 239 239 239 / "
-                           "Nuova partita: partita persa");
-        smiley->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        QCOMPARE(game.Status(), "03 300 face4 ticking levels-off"); // a new game
-    }
-}
-
-void tst_Accessibility::keysMoveAndPressTheFocusedCellAndAreSpoken()
-{
-    struct Keys
+    void fieldCellsCountersAndFaceAreNamedAsShownThroughAGame()
     {
-        const char *name;
-        bool english;
-        QString keys;
-        QString told; // split by " / "
-    };
-    const Keys rows[] = {
-        {"arrows step one cell and stop at the edge, Home and End to the row's ends, with Ctrl "
-         "to the corners; Space opens a number",
-         false, "Down Left Up Up Right End Home Ctrl+End Ctrl+End Ctrl+Home Right Space",
-         "focus 2,1 / focus 1,1 / focus 1,2 / focus 1,5 / focus 1,1 / focus 4,5 / focus 1,1 / "
-         "focus 1,2 / said 1"},
-        {"Enter floods and counts the cells opened", true, "Down Right Right Return",
-         "focus 2,1 / focus 2,2 / focus 2,3 / said 15 cells opened"},
-        {"F cycles flag, question mark and cover with the bombs left; C reads the counters", false,
-         "F F F C",
-         "said bandierina, 2 bombe rimaste / said punto interrogativo, 3 bombe rimaste / "
-         "said coperta, 3 bombe rimaste / said 3 bombe rimaste, 300 secondi"},
-        {"the last flag wins", true, "F End F Ctrl+End Home F",
-         "said flag, 2 bombs left / focus 1,5 / said flag, 1 bomb left / "
-         "focus 4,5 / focus 4,1 / said flag, 0 bombs left, game won"},
-        {"a bomb explodes and loses; F2 announces the new game on the first cell", false,
-         "Space F2",
-         "said bomba esplosa, partita persa / reset / focus 1,1 / said 3 bombe, 300 secondi"},
-        {"keys outside the field change nothing", false, "Shift+Tab F Return C", ""},
-    };
-    for (const Keys &row : rows) {
-        GameHarness game(Corners);
-        EnterField(game, row.english);
-        const QStringList told = Type(row.keys);
-        QVERIFY2(told.filter(QRegularExpression("^(focus|said|reset)")).join(" / ") == row.told,
-                 row.name);
-        // Each description said is also shown as a notification.
-        QCOMPARE(told.filter(QRegularExpression("^shown ")).replaceInStrings("shown ", "said "),
-                 told.filter(QRegularExpression("^said ")));
-        QCOMPARE(Interface(game, "field")->child(game.Field()->CurrentCell() - 1)->state().focused,
-                 game.Field()->hasFocus());
+        for (const bool english : {false, true}) {
+            GameHarness game(Corners);
+            if (english)
+                game.window.mnuLang_Click();
+            QAccessibleInterface *field = Interface(game, "field");
+            QAccessibleTableInterface *table = field->tableInterface();
+            QAccessibleInterface *const corner = table->cellAt(0, 0);
+            QCOMPARE(Interface(game, "btnSmile")->text(QAccessible::Description),
+                     english ? "normal" : "normale");
+            // Start (a minute on the clock), two flags and a question mark, a flood, a loss.
+            for (const char *moves : {"T61", "R1,1 R3,4 R5,1 R5,1", "L3,2", "L1,4"}) {
+                game.Play(moves);
+                const QStringList rows = game.Pictures().split(u'\n');
+                QCOMPARE(table->rowCount() * 10 + table->columnCount(), 45);
+                for (int i = 0; i < 20; ++i) {
+                    QAccessibleInterface *cell = table->cellAt(i / 5, i % 5);
+                    QCOMPARE(cell->text(QAccessible::Name), Heard(rows[i / 5][i % 5], english));
+                    QCOMPARE(field->indexOfChild(cell), i);
+                    const QPoint centre = cell->rect().center();
+                    QCOMPARE(field->childAt(centre.x(), centre.y()), cell);
+                    // After the outcome of the last press, when the cell is the current one.
+                    const QString place = english ? "row %1, column %2" : "riga %1, colonna %2";
+                    QVERIFY(cell->text(QAccessible::Description)
+                                .endsWith(place.arg(i / 5 + 1).arg(i % 5 + 1)));
+                }
+            }
+            QCOMPARE(table->cellAt(0, 0), corner); // the same object throughout
+            // Neither the clock is a child of the field nor the field a child of a cell.
+            QCOMPARE(
+                std::pair(field->indexOfChild(Interface(game, "pT")), corner->indexOfChild(field)),
+                std::pair(-1, -1));
+            QCOMPARE(field->text(QAccessible::Name), english ? "Field" : "Campo");
+            // The counters read as name with the number, digits and value; the smiley with its
+            // face.
+            QStringList heard;
+            for (const char *name : {"pBomb", "pT"}) {
+                QAccessibleInterface *counter = Interface(game, name);
+                heard << counter->text(QAccessible::Name) + ' ' +
+                             counter->text(QAccessible::Value) + ' ' +
+                             counter->valueInterface()->currentValue().toString();
+            }
+            QAccessibleInterface *smiley = Interface(game, "btnSmile");
+            heard << smiley->text(QAccessible::Name) + ": " +
+                         smiley->text(QAccessible::Description);
+            QCOMPARE(heard.join(" / "),
+                     english ? "Bombs left 1 01 1 / Time left 239 239 239 / New game: game lost"
+                             : "Bombe rimaste 1 01 1 / Tempo rimasto 239 239 239 / "
+                               "Nuova partita: partita persa");
+            smiley->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+            QCOMPARE(game.Status(), "03 300 face4 ticking levels-off"); // a new game
+        }
     }
-}
 
-void tst_Accessibility::mousePressesMoveTheCurrentCellWithoutAFrame()
-{
-    GameHarness game(Corners);
-    EnterField(game, false);
-    FieldView *field = game.Field();
-    const QImage framedFirst = field->grab().toImage();
-    Type("Shift+Tab");
-    const QImage plain = field->grab().toImage();
-    QImage outsideTheFrame = framedFirst;
-    QPainter(&outsideTheFrame).drawImage(field->CellRect(1), plain.copy(field->CellRect(1)));
-    QCOMPARE(outsideTheFrame, plain);
-    QVERIFY(framedFirst != plain);
-    for (int press = 0; press < 3; ++press) // flag, question mark, cover again
-        QTest::mouseClick(field, Qt::RightButton, {}, field->CellRect(8).center());
-    QCOMPARE(field->grab().toImage(), plain);
-    QCOMPARE(Type("Tab", "focus"), QStringList("focus 2,3"));
-    QCOMPARE(field->grab().toImage().copy(field->CellRect(8)),
-             framedFirst.copy(field->CellRect(1)));
-}
+    void keysMoveAndPressTheFocusedCellAndAreSpoken()
+    {
+        struct Keys
+        {
+            const char *name;
+            bool english;
+            QString keys;
+            QString told; // split by " / "
+        };
+        const Keys rows[] = {
+            {"arrows step one cell and stop at the edge, Home and End to the row's ends, with Ctrl "
+             "to the corners; Space opens a number",
+             false, "Down Left Up Up Right End Home Ctrl+End Ctrl+End Ctrl+Home Right Space",
+             "focus 2,1 / focus 1,1 / focus 1,2 / focus 1,5 / focus 1,1 / focus 4,5 / focus 1,1 / "
+             "focus 1,2 / said 1"},
+            {"Enter floods and counts the cells opened", true, "Down Right Right Return",
+             "focus 2,1 / focus 2,2 / focus 2,3 / said 15 cells opened"},
+            {"F cycles flag, question mark and cover with the bombs left; C reads the counters",
+             false, "F F F C",
+             "said bandierina, 2 bombe rimaste / said punto interrogativo, 3 bombe rimaste / "
+             "said coperta, 3 bombe rimaste / said 3 bombe rimaste, 300 secondi"},
+            {"the last flag wins", true, "F End F Ctrl+End Home F",
+             "said flag, 2 bombs left / focus 1,5 / said flag, 1 bomb left / "
+             "focus 4,5 / focus 4,1 / said flag, 0 bombs left, game won"},
+            {"a bomb explodes and loses; F2 announces the new game on the first cell", false,
+             "Space F2",
+             "said bomba esplosa, partita persa / reset / focus 1,1 / said 3 bombe, 300 secondi"},
+            {"keys outside the field change nothing", false, "Shift+Tab F Return C", ""},
+        };
+        for (const Keys &row : rows) {
+            GameHarness game(Corners);
+            EnterField(game, row.english);
+            const QStringList told = Type(row.keys);
+            QVERIFY2(told.filter(QRegularExpression("^(focus|said|reset)")).join(" / ") == row.told,
+                     row.name);
+            // Each description said is also shown as a notification.
+            QCOMPARE(told.filter(QRegularExpression("^shown ")).replaceInStrings("shown ", "said "),
+                     told.filter(QRegularExpression("^said ")));
+            QCOMPARE(
+                Interface(game, "field")->child(game.Field()->CurrentCell() - 1)->state().focused,
+                game.Field()->hasFocus());
+        }
+    }
 
-void tst_Accessibility::changedCellsAreAnnouncedOneByOneOrAsATableChange()
-{
-    // Empty but for one bomb in the top left corner: a press in the other corner floods the
-    // rest.
-    GameHarness game(QString("*........\n") + QString(".........\n").repeated(7) + ".........");
-    Told("");
-    game.Play("R2,1");
-    QCOMPARE(Told("name|rows"), QStringList("name bandierina"));
-    game.Play("L9,9");
-    QCOMPARE(Told("name|rows"), QStringList("rows 0-8"));
-    // Two floods, each counted on its own.
-    game.NewGame("...*...\n...*...\n...*...");
-    game.Play("L1,1 L7,3");
-    QCOMPARE(Told("said"), QStringList({"said 3 bombe, 300 secondi", "said 9 caselle aperte",
-                                        "said 9 caselle aperte"}));
-}
+    void mousePressesMoveTheCurrentCellWithoutAFrame()
+    {
+        GameHarness game(Corners);
+        EnterField(game, false);
+        FieldView *field = game.Field();
+        const QImage framedFirst = field->grab().toImage();
+        Type("Shift+Tab");
+        const QImage plain = field->grab().toImage();
+        QImage outsideTheFrame = framedFirst;
+        QPainter(&outsideTheFrame).drawImage(field->CellRect(1), plain.copy(field->CellRect(1)));
+        QCOMPARE(outsideTheFrame, plain);
+        QVERIFY(framedFirst != plain);
+        for (int press = 0; press < 3; ++press) // flag, question mark, cover again
+            QTest::mouseClick(field, Qt::RightButton, {}, field->CellRect(8).center());
+        QCOMPARE(field->grab().toImage(), plain);
+        QCOMPARE(Type("Tab", "focus"), QStringList("focus 2,3"));
+        QCOMPARE(field->grab().toImage().copy(field->CellRect(8)),
+                 framedFirst.copy(field->CellRect(1)));
+    }
+
+    void changedCellsAreAnnouncedOneByOneOrAsATableChange()
+    {
+        // Empty but for one bomb in the top left corner: a press in the other corner floods the
+        // rest.
+        GameHarness game(QString("*........\n") + QString(".........\n").repeated(7) + ".........");
+        Told("");
+        game.Play("R2,1");
+        QCOMPARE(Told("name|rows"), QStringList("name bandierina"));
+        game.Play("L9,9");
+        QCOMPARE(Told("name|rows"), QStringList("rows 0-8"));
+        // Two floods, each counted on its own.
+        game.NewGame("...*...\n...*...\n...*...");
+        game.Play("L1,1 L7,3");
+        QCOMPARE(Told("said"), QStringList({"said 3 bombe, 300 secondi", "said 9 caselle aperte",
+                                            "said 9 caselle aperte"}));
+    }
+};
 
 QTEST_MAIN(tst_Accessibility)
 #include "tst_accessibility.moc"

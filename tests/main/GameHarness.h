@@ -105,10 +105,10 @@ struct GameHarness : RandomSource
             window.Timer_Timer();
     }
 
-    // From now on every modal dialog that opens is handed to `answer`, which must close it.
+    // From now on every modal dialog that opens is handed to `answer`, which must close it;
+    // once for each harness.
     void AnswerDialogs(const std::function<void(QWidget *)> &answer)
     {
-        dialogWatch.disconnect();
         QObject::connect(&dialogWatch, &QTimer::timeout, [answer] {
             if (QWidget *dialog = QApplication::activeModalWidget())
                 answer(dialog);
