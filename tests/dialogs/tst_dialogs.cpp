@@ -34,17 +34,20 @@ bool StaysOpen(QDialog *opened, const std::function<void()> &whileOpen)
     return open;
 }
 
-// The fifteen hall of fame rows as "name|time", Easy first: as the dialog shows them, or as
-// stored when no dialog is given.
+// The fifteen hall of fame rows as "name|time", Easy first: as the dialog shows them in the
+// frame of their level, or as stored when no dialog is given.
 QStringList Rows(const QWidget *fame = nullptr)
 {
     QStringList rows;
     for (int row = 0; row < 15; ++row) {
         const QString index = QStringLiteral("%1(%2)").arg(row / 5 + 1).arg(row % 5);
         const RecordRow &stored = RecordsOfLevel(row / 5)[row % 5];
-        rows << (fame ? fame->findChild<QLabel *>("pl" + index)->text() + '|' +
-                            fame->findChild<QLabel *>("sc" + index)->text()
-                      : stored.Name + '|' + stored.Time);
+        const QWidget *frame =
+            fame ? fame->findChild<QWidget *>(QStringLiteral("Frame%1").arg(row / 5 + 1)) : nullptr;
+        rows << (!fame   ? stored.Name + '|' + stored.Time
+                 : frame ? frame->findChild<QLabel *>("pl" + index)->text() + '|' +
+                               frame->findChild<QLabel *>("sc" + index)->text()
+                         : QStringLiteral("no frame"));
     }
     return rows;
 }
