@@ -120,8 +120,8 @@ private slots:
             QAccessibleInterface *field = Interface(game, "field");
             QAccessibleTableInterface *table = field->tableInterface();
             QAccessibleInterface *const corner = table->cellAt(0, 0);
-            QCOMPARE(Interface(game, "btnSmile")->text(QAccessible::Description),
-                     english ? "normal" : "normale");
+            QAccessibleInterface *smiley = Interface(game, "btnSmile");
+            QCOMPARE(smiley->text(QAccessible::Description), english ? "normal" : "normale");
             // Start (a minute on the clock), two flags and a question mark, a flood, a loss.
             for (const char *moves : {"T61", "R1,1 R3,4 R5,1 R5,1", "L3,2", "L1,4"}) {
                 game.Play(moves);
@@ -154,7 +154,6 @@ private slots:
                              counter->text(QAccessible::Value) + ' ' +
                              counter->valueInterface()->currentValue().toString();
             }
-            QAccessibleInterface *smiley = Interface(game, "btnSmile");
             heard << smiley->text(QAccessible::Name) + ": " +
                          smiley->text(QAccessible::Description);
             QCOMPARE(heard.join(" / "),

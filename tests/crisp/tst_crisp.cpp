@@ -41,7 +41,6 @@ private slots:
         GameHarness game;
         game.window.SetPic(1, 4);
         frmAbout about(&game.window);
-        about.show();
         // A control and the picture it shows where.
         const std::tuple<const char *, QImage, QPoint> shown[] = {
             {"field", PictureSet::IL().Image(4), {2, 2}},

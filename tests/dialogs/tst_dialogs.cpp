@@ -58,6 +58,8 @@ class tst_dialogs : public QObject
 {
     Q_OBJECT
 
+    QWidget owner; // of the dialogs, as the game window is
+
 private slots:
     // Every case starts after a first start and an Easy game in Italian.
     void init()
@@ -70,7 +72,6 @@ private slots:
 
     void customTakesValuesWithinLimitsOnOkOrEnterAndNothingOnCancel()
     {
-        QWidget owner;
         // Columns, rows and bombs typed, then OK, Cancel or Enter; the columns, rows and bombs
         // taken, from 9, 9 and 10. Texts are read by their leading number and rounded halves to
         // even; a number too large for 32 bits is rejected.
@@ -102,7 +103,6 @@ private slots:
 
     void fameShowsTheRowsAsStoredAndClearsThemInTheLanguageStayingOpen()
     {
-        QWidget owner;
         Common::MediumRecords[2] = RecordRow{"", "42"}; // an empty name stays empty
         QCOMPARE(Rows(new frmFame(&owner)), Rows());
         // Enter right after opening closes the box and clears nothing.
@@ -126,7 +126,6 @@ private slots:
 
     void playerProposesTheDefaultFullySelectedAndHandsOverOnlyOk()
     {
-        QWidget owner;
         // The keys typed right after each opening, and the name held afterwards.
         const QStringList keys{"Zoe\r", "\b\r", "   \r", "x\x1b", "\r"};
         const QStringList names{"Zoe", "", "   ", "   ", "Anonimo"};
@@ -144,7 +143,6 @@ private slots:
 
     void aboutShowsTheLanguageClosesOnlyWhereItShouldAndHintsAtTheNose()
     {
-        QWidget owner;
         const QPoint nose(199, 103);
         // Language, click place or key, and whether it closes the box: the background, the
         // portrait, lI3, lE3, a flag, the bubble over the portrait, a letter, an arrow; then

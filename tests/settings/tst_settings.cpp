@@ -141,8 +141,7 @@ private slots:
         QVERIFY(QDir().mkpath(filePath) && !SettingsStore(filePath).Save() &&
                 QDir().rmdir(filePath));
 
-        const QByteArray stored = "[Game]\nLevel=2\n" + Easy;
-        writeFile(stored);
+        writeFile("[Game]\nLevel=2\n" + Easy);
         QVERIFY(QFile::setPermissions(filePath, QFile::WriteOwner));
         QTest::ignoreMessage(QtWarningMsg, refusal); // once at start-up, not again at the end
         QVERIFY(!ReadSettings());
@@ -153,7 +152,6 @@ private slots:
         QVERIFY(QFile::setPermissions(filePath, QFile::WriteOwner));
         QTest::ignoreMessage(QtWarningMsg, refusal);
         WriteSettings(true);
-        QVERIFY(QFile::setPermissions(filePath, QFile::ReadOwner | QFile::WriteOwner));
     }
 
     // A termination signal ends a running game as Exit does: it saves and ends normally.

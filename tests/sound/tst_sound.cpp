@@ -8,15 +8,6 @@
 
 #include <csignal>
 
-namespace {
-
-int Threads()
-{
-    return QDir(QStringLiteral("/proc/self/task")).count();
-}
-
-} // namespace
-
 class SoundTest : public QObject
 {
     Q_OBJECT
@@ -67,7 +58,8 @@ private slots:
         for (int id = 101; id <= 105; ++id)
             waves.insert(id, WaveResource(id));
         SdlWaveOutput output(waves, std::chrono::milliseconds(0));
-        const int closedThreads = Threads();
+        const auto threads = [] { return QDir(QStringLiteral("/proc/self/task")).count(); };
+        const int closedThreads = threads();
         QCOMPARE(output.DecodedCount(), 5);
 
         output.Play(106);
@@ -90,7 +82,7 @@ private slots:
         QVERIFY(SDL_GetQueuedAudioSize(output.DeviceId()) <= 106);
         output.KeepOpen(false);
         QTRY_VERIFY(!output.IsOpen());
-        QCOMPARE(Threads(), closedThreads);
+        QCOMPARE(threads(), closedThreads);
         {
             SdlWaveOutput held;
             held.KeepOpen(true);
