@@ -208,39 +208,40 @@ private slots:
         // The level chosen, the dialog seen, the field's width and height and the left edges of
         // the smiley and the clock, and the counters of a new game there: more than 99 bombs
         // show 99. (Each preset's window is compared with its picture by tests/pictures.)
-        const std::tuple<int, QString, std::array<int, 4>, QString> choices[] = {
-            {2, "", {484, 260, 229, 429}, "99 900"},
-            {3, "frmCustom 30 16 99", {116, 116, 45, 61}, "08 900"},
-            {3, "frmCustom 7 7 8", {788, 788, 381, 733}, "99 900"}};
-        for (const auto &[level, dialog, layout, counters] : choices) {
-            const auto [width, height, smileLeft, clockLeft] = layout;
+        const std::tuple<int, QString, int, int, int, int, QString> choices[] = {
+            {2, "", 484, 260, 229, 429, "99 900"},
+            {3, "frmCustom 30 16 99", 116, 116, 45, 61, "08 900"},
+            {3, "frmCustom 7 7 8", 788, 788, 381, 733, "99 900"}};
+        for (const auto &[level, dialog, width, height, smileLeft, clockLeft, counters] : choices) {
             seen.clear();
             game.window.mnuLevel_Click(level);
             QCOMPARE(seen, dialog);
             QCOMPARE(game.Status(), "00 000 face4 stopped levels-on");
             QCOMPARE(game.Field()->geometry(), QRect(4, 32, width, height));
-            QCOMPARE(game.window.findChild<QWidget *>("box")->geometry(), QRect(4, 0, width, 33));
             QCOMPARE(QPoint(game.window.findChild<QWidget *>("btnSmile")->x(),
                             game.window.findChild<QWidget *>("pT")->x()),
                      QPoint(smileLeft, clockLeft));
             // Below the menu bar the window holds the panel and the field with 4-pixel margins,
             // and it keeps its place.
-            const int menuHeight = game.window.menuWidget()->height();
+            const QWidget *menus = game.window.menuWidget();
             QCOMPARE(std::pair(game.window.pos(), game.window.size()),
-                     std::pair(QPoint(57, 31), QSize(width + 8, menuHeight + height + 36)));
-            // All four menu bar items stay in sight, on a second line when the field is narrow.
+                     std::pair(QPoint(57, 31), QSize(width + 8, menus->height() + height + 36)));
+            // All four menu bar items stay in sight, on a second line when the field is narrow;
+            // a line left empty is not shown.
             int items = 0;
-            for (QMenuBar *line : game.window.menuWidget()->findChildren<QMenuBar *>())
+            for (QMenuBar *line : menus->findChildren<QMenuBar *>()) {
+                QCOMPARE(line->isVisible(), !line->actions().isEmpty());
                 for (QAction *item : line->actions())
                     items += line->rect().contains(line->actionGeometry(item));
+            }
             QCOMPARE(items, 4);
             game.window.mnuProg_Click(0);
             QCOMPARE(game.Status(), counters + " face4 ticking levels-off");
             game.window.mnuProg_Click(1);
         }
         game.window.mnuProg_Click(2);
-        QFile::remove(IniPath); // start-up has already saved fresh tables
-        game.window.close();
+        QFile::remove(IniPath);       // start-up has already saved fresh tables
+        game.window.mnuProg_Click(4); // Exit
         QFile ini(IniPath);
         QVERIFY(ini.open(QIODevice::ReadOnly) && ini.readAll().contains("\nLevel=3"));
         // Stored sound on plays the start sound; a stored Custom level starts on Easy.

@@ -182,7 +182,8 @@ private slots:
         const std::tuple<const char *, QByteArray, bool, QByteArray> cases[] = {
             {"left alone: the other's, a missing one this game's", "Sound=Vero", false,
              "Sound=Vero\nLevel=0\n"},
-            {"changed here: this game's", "Sound=Vero\nLevel=2", true, "Sound=True\nLevel=1\n"}};
+            {"changed here: this game's, once", "Sound=Vero\nLevel=2\nSound=Falso\nx=1", true,
+             "Sound=True\nLevel=1\nx=1\n"}};
         for (const auto &[name, otherOptions, changedHere, options] : cases) {
             writeFile("[Game]\nSound=Falso\n[Easy]\nA=100\nB=200\nC=300\nD=400\nE=500\n");
             QVERIFY(!ReadSettings());
